@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "language_files.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <vector>
+
+#include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
+#include "suggestion/suggestion_provider.h"
+
+namespace vorpel::cli {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string dictionaryName(const std::string& language) {
+    return language == "en" ? "en_US.dic" : "ar_SA.dic";
+}
+
+std::string geometryName(const std::string& language) {
+    return language == "en" ? "en_US_P_113.json" : "ar_SA_P.json";
+}
+
+/// Where the data may lie, the first choice first: where the user says, beside an installed tool,
+/// and beside the build folder of the tool.
+std::vector<fs::path> dataFolders() {
+    std::vector<fs::path> folders;
+    if (const char* named = std::getenv("VORPEL_DATA")) folders.emplace_back(named);
+    std::error_code error;
+    const fs::path tool = fs::read_symlink("/proc/self/exe", error);
+    if (!error) {
+        folders.push_back(tool.parent_path().parent_path() / "share" / "vorpel");
+        folders.push_back(tool.parent_path().parent_path().parent_path() / "data");
+    }
+    return folders;
+}
+
+fs::path folderThatHolds(const std::string& name) {
+    std::string searched;
+    for (const fs::path& folder : dataFolders()) {
+        std::error_code error;
+        if (fs::exists(folder / name, error)) return folder;
+        searched += (searched.empty() ? "" : ", ") + folder.string();
+    }
+    throw std::runtime_error(name + ": not found in " + searched + "; ./run builds it");
+}
+
+void checkReadable(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error(path + ": " + std::strerror(errno));
+}
+
+void checkDictionary(const std::string& path) {
+    checkReadable(path);
+    const auto size = static_cast<int>(SuggestionProvider::get_file_size(path));
+    if (!wordengine::DictionaryStructureWithBufferPolicyFactory::newPolicyForExistingDictFile(path.c_str(), 0,
+                                                                                              size, false)) {
+        throw std::runtime_error(path + ": not a dictionary of a format that can be opened");
+    }
+}
+
+}  // namespace
+
+std::string LanguageFiles::geometryFile() const {
+    return (fs::path(geometryFolder) / geometryName(language)).string();
+}
+
+LanguageFiles findLanguageFiles(const LanguageChoice& choice) {
+    LanguageFiles files{choice.language, choice.dictionary, choice.geometryFolder};
+    if (files.dictionary.empty()) {
+        const std::string name = dictionaryName(choice.language);
+        files.dictionary = (folderThatHolds(name) / name).string();
+    }
+    if (files.geometryFolder.empty()) {
+        files.geometryFolder = folderThatHolds(geometryName(choice.language)).string();
+    }
+    checkDictionary(files.dictionary);
+    checkReadable(files.geometryFile());
+    return files;
+}
+
+}  // namespace vorpel::cli

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "plain_grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+#include "compiler/portrait_page.h"
+#include "suggestion/geometry_file.h"
+#include "text/char_utils.h"
+
+namespace vorpel::cli {
+
+namespace {
+
+// Letters above, space and its neighbours below.
+constexpr double ROWS_OF_A_PAGE = 4;
+
+std::map<int, TouchPoint> centersByCode(const std::string& geometryFile) {
+    const GeometryFile geometry = GeometryFile::load(geometryFile);
+    std::map<int, TouchPoint> centers;
+    for (std::size_t i = 0; i < geometry.keyCharCodes.size(); ++i) {
+        centers[geometry.keyCharCodes[i]] = {geometry.sweetSpotCenterXs.at(i),
+                                             geometry.sweetSpotCenterYs.at(i)};
+    }
+    return centers;
+}
+
+/// The cell of `count` in a row that a place falls into, the nearest one outside of them.
+std::size_t cellOf(double place, std::size_t count) {
+    return static_cast<std::size_t>(std::clamp(std::floor(place), 0.0, static_cast<double>(count - 1)));
+}
+
+}  // namespace
+
+PlainGrid::PlainGrid(const std::string& language, const std::string& geometryFile) {
+    const std::map<int, TouchPoint> centers = centersByCode(geometryFile);
+    for (const compiler::KeyRow& keys : compiler::letterRows(language)) {
+        Row row;
+        for (const compiler::RowKey& key : keys) {
+            if (key.kind != compiler::RowKey::Kind::Character) continue;
+            const auto center = centers.find(wordengine::CharUtils::toLowerCase(key.codePoint));
+            if (center == centers.end()) {
+                throw std::runtime_error(geometryFile + ": a letter of the language has no key");
+            }
+            row.centers.push_back(center->second);
+        }
+        if (row.centers.size() < 2) continue;
+        row.pitch = row.centers[1].x - row.centers[0].x;
+        mostKeys_ = std::max(mostKeys_, row.centers.size());
+        rows_.push_back(std::move(row));
+    }
+    rowPitch_ = rows_[1].centers[0].y - rows_[0].centers[0].y;
+}
+
+TouchPoint PlainGrid::carryOver(TouchPoint touch, double width, double height) const {
+    const double cellWidth = width / static_cast<double>(mostKeys_);
+    const double cellHeight = height / ROWS_OF_A_PAGE;
+    const std::size_t rowIndex = cellOf(touch.y / cellHeight, rows_.size());
+    const Row& row = rows_[rowIndex];
+    const double indent = static_cast<double>(mostKeys_ - row.centers.size()) / 2;
+    const double place = touch.x / cellWidth - indent;
+    const std::size_t column = cellOf(place, row.centers.size());
+    const double fromCenterX = place - (static_cast<double>(column) + 0.5);
+    const double fromCenterY = touch.y / cellHeight - (static_cast<double>(rowIndex) + 0.5);
+    const TouchPoint center = row.centers[column];
+    return {center.x + fromCenterX * row.pitch, center.y + fromCenterY * rowPitch_};
+}
+
+}  // namespace vorpel::cli

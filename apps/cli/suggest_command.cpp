@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "answer_printing.h"
+#include "commands.h"
+#include "language_options.h"
+#include "search/search_statistics.h"
+#include "word_service.h"
+
+namespace vorpel::cli {
+
+namespace {
+
+struct SuggestArguments {
+    LanguageChoice choice;
+    std::string previous;
+    bool json = false;
+    bool trace = false;
+    std::vector<std::string> words;
+};
+
+void printTrace(const std::string& typed, const Answer& answer, const wordengine::SearchStatistics* search) {
+    if (!search) return;
+    std::printf("  %-16s %7.0f us  %s  passes %d  expanded %d  children %d  pushed %d  cached %d  terminals %d\n",
+                typed.c_str(), answer.microseconds, search->continuedCachedSearch ? "continued" : "fresh    ",
+                search->passes, search->nodesExpanded, search->childrenExamined, search->nodesPushedActive,
+                search->nodesCached, search->terminals);
+}
+
+void printForPerson(const std::string& word, const Answer& answer) {
+    if (answer.autoCorrects) {
+        std::printf("%s -> %s\n", word.c_str(), answer.words.front().word.c_str());
+    } else {
+        std::printf("%s\n", word.c_str());
+    }
+    printWords(answer);
+}
+
+int suggest(const SuggestArguments& arguments) {
+    const LanguageFiles files = findLanguageFiles(arguments.choice);
+    for (const std::string& word : arguments.words) {
+        WordService service(files);
+        const auto observe = [&](const std::string& typed, const Answer& answer) {
+            if (arguments.trace) printTrace(typed, answer, service.searchStatistics());
+        };
+        const Answer answer = service.type(word, arguments.previous, nullptr, observe);
+        if (arguments.json) {
+            Json::Value line = toJson(answer);
+            line["word"] = word;
+            std::printf("%s\n", toLine(line).c_str());
+        } else {
+            printForPerson(word, answer);
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+void addSuggestCommand(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<SuggestArguments>();
+    CLI::App* command = app.add_subcommand("suggest", "The words that each typed word may become, ranked");
+    command->footer("Example: vorpel suggest --previous thank teh yuo\n"
+                    "An arrow names the word that would replace the typed one.");
+    addLanguageOptions(*command, arguments->choice);
+    command->add_option("--previous", arguments->previous, "the word before");
+    command->add_flag("--json", arguments->json, "one JSON object a word");
+    command->add_flag("--trace", arguments->trace, "what the search did after each letter");
+    command->add_option("WORD", arguments->words, "what was typed")->required();
+    command->callback([arguments, &action] { action = [arguments] { return suggest(*arguments); }; });
+}
+
+}  // namespace vorpel::cli

@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "search/suggest.h"
+
+#include "dictionary/dic_node_utils.h"
+#include "dictionary/dictionary_header_structure_policy.h"
+#include "dictionary/dictionary_structure_with_buffer_policy.h"
+#include "node/dic_node.h"
+#include "node/dic_node_vector.h"
+#include "proximity/proximity_info_state.h"
+#include "search/dic_traverse_session.h"
+#include "search/results/suggestions_output_utils.h"
+#include "search/suggest_policy.h"
+#include "search/traversal.h"
+#include "search/weighting.h"
+#include "text/digraph_utils.h"
+#include "text/engine_constants.h"
+
+namespace wordengine {
+
+namespace {
+
+/// Far above what any real dictionary makes a request look at; a forged one, whose nodes all have
+/// thousands of fitting children, would keep it busy for hours.
+constexpr int MAX_CHILDREN_EXAMINED = 30000000;
+
+/// Fills the vector with the node's children and returns their number.
+int fetchChildren(DicTraverseSession* session, const DicNode* dicNode, DicNodeVector* outChildren) {
+    outChildren->clear();
+    if (session->getStatistics().childrenExamined > MAX_CHILDREN_EXAMINED) return 0;
+    DicNodeUtils::getAllChildDicNodes(dicNode, session->getDictionaryStructurePolicy(), outChildren);
+    const int count = outChildren->getSizeAndLock();
+    session->getMutableStatistics()->childrenExamined += count;
+    return count;
+}
+
+void pushNextActive(DicTraverseSession* session, const DicNode* dicNode) {
+    session->getDicTraverseCache()->copyPushNextActive(dicNode);
+    ++session->getMutableStatistics()->nodesPushedActive;
+}
+
+/// Near enough to the point that two letters may have been swapped.
+bool isNearPoint(const DicTraverseSession* session, int pointIndex, const DicNode* dicNode) {
+    const ProximityType type = session->getProximityInfoState(0)->getProximityType(
+        pointIndex, dicNode->getNodeCodePoint(), true);
+    return type == PROXIMITY_MATCH || type == PROXIMITY_NEAR || type == PROXIMITY_ADDITIONAL;
+}
+
+}  // namespace
+
+Suggest::Suggest(const SuggestPolicy* suggestPolicy)
+    : traversal_(suggestPolicy ? suggestPolicy->getTraversal() : nullptr),
+      scoring_(suggestPolicy ? suggestPolicy->getScoring() : nullptr),
+      weighting_(suggestPolicy ? suggestPolicy->getWeighting() : nullptr) {}
+
+void Suggest::getSuggestions(const ProximityInfo* proximityInfo, void* traverseSession, const int* inputXs,
+                             const int* inputYs, const int* times, const int* pointerIds,
+                             const int* inputCodePoints, int inputSize, float weightOfLangModelVsSpatialModel,
+                             SuggestionResults* outSuggestionResults) const {
+    if (!traversal_ || !proximityInfo || inputSize < 0 || inputSize > WORD_LENGTH_LIMIT) return;
+    auto* const session = static_cast<DicTraverseSession*>(traverseSession);
+    const float maxSpatialDistance = traversal_->getMaxSpatialDistance();
+    session->setupForGetSuggestions(proximityInfo, inputCodePoints, inputSize, inputXs, inputYs, times,
+                                    pointerIds, maxSpatialDistance, traversal_->getMaxPointerCount());
+    initializeSearch(session, inputSize);
+    DicNodesCache* const cache = session->getDicTraverseCache();
+    while (cache->activeSize() > 0) {
+        expandCurrentDicNodes(session);
+        cache->advanceActiveDicNodes();
+        cache->advanceInputIndex(inputSize);
+    }
+    SuggestionsOutputUtils::outputSuggestions(scoring_, session, weightOfLangModelVsSpatialModel,
+                                              outSuggestionResults);
+}
+
+void Suggest::initializeSearch(DicTraverseSession* session, int inputSize) const {
+    if (session->getInputSize() > MIN_CONTINUOUS_SUGGESTION_INPUT_SIZE &&
+        session->isContinuousSuggestionPossible()) {
+        session->getDicTraverseCache()->continueSearch();
+        session->getMutableStatistics()->continuedCachedSearch = true;
+        return;
+    }
+    session->resetCache(traversal_->getMaxCacheSize(inputSize), traversal_->getTerminalCacheSize());
+    DicNode* const root = &session->getWorkspace()->nextWordNode;
+    DicNodeUtils::initAsRoot(session->getDictionaryStructurePolicy(), session->getPrevWordsPtNodePos(), root);
+    session->getDicTraverseCache()->copyPushActive(root);
+}
+
+void Suggest::expandCurrentDicNodes(DicTraverseSession* session) const {
+    DicNodesCache* const cache = session->getDicTraverseCache();
+    SearchStatistics* const statistics = session->getMutableStatistics();
+    ++statistics->passes;
+    session->getWorkspace()->children.reserve(static_cast<size_t>(traversal_->getDefaultExpandDicNodeSize()));
+    const bool shouldDepthLevelCache = traversal_->shouldDepthLevelCache(session);
+    if (shouldDepthLevelCache) cache->updateLastCachedInputIndex();
+    DicNode* const dicNode = &session->getWorkspace()->poppedNode;
+    while (cache->activeSize() > 0) {
+        cache->popActive(dicNode);
+        // The others are left behind too: the swap of the queues clears them.
+        if (dicNode->isTotalInputSizeExceedingLimit()) return;
+        ++statistics->nodesExpanded;
+        if (shouldDepthLevelCache || traversal_->shouldNodeLevelCache(session, dicNode)) {
+            cache->copyPushContinue(dicNode);
+            dicNode->setCached();
+            ++statistics->nodesCached;
+        }
+        expandDicNode(session, dicNode);
+    }
+}
+
+void Suggest::expandDicNode(DicTraverseSession* session, DicNode* dicNode) const {
+    if (dicNode->isInDigraph()) {
+        processDicNodeAsDigraph(session, dicNode);
+        return;
+    }
+    const bool canDoLookAheadCorrection = traversal_->canDoLookAheadCorrection(session, dicNode);
+    if (canDoLookAheadCorrection &&
+        session->getDicTraverseCache()->isLookAheadCorrectionInputIndex(dicNode->getInputIndex(0))) {
+        processDicNodeAsTransposition(session, dicNode);
+        processDicNodeAsInsertion(session, dicNode);
+        return;
+    }
+    const bool allowsErrorCorrections = traversal_->allowsErrorCorrections(dicNode);
+    if (allowsErrorCorrections && traversal_->isSpaceSubstitutionTerminal(session, dicNode)) {
+        createNextWordDicNode(session, dicNode, true);
+    }
+    expandChildren(session, dicNode, allowsErrorCorrections);
+    if (allowsErrorCorrections && canDoLookAheadCorrection) {
+        // Comes back one pass later, unadvanced, when the point after its own can be looked at.
+        pushNextActive(session, dicNode);
+    }
+}
+
+void Suggest::expandChildren(DicTraverseSession* session, const DicNode* dicNode,
+                             bool allowsErrorCorrections) const {
+    DicNodeVector& children = session->getWorkspace()->children;
+    const bool isCompletion = dicNode->isCompletion(session->getInputSize());
+    const int childCount = fetchChildren(session, dicNode, &children);
+    for (int i = 0; i < childCount; ++i) {
+        if (isCompletion) {
+            processDicNodeAsMatch(session, children[i]);
+        } else {
+            tryChild(session, dicNode, children[i], allowsErrorCorrections);
+        }
+    }
+}
+
+void Suggest::tryChild(DicTraverseSession* session, const DicNode* dicNode, DicNode* childDicNode,
+                       bool allowsErrorCorrections) const {
+    DicNode* const correctionDicNode = &session->getWorkspace()->correctionNode;
+    if (DigraphUtils::hasDigraphForCodePoint(
+            session->getDictionaryStructurePolicy()->getHeaderStructurePolicy(),
+            childDicNode->getNodeCodePoint())) {
+        correctionDicNode->initByCopy(childDicNode);
+        correctionDicNode->advanceDigraphIndex();
+        processDicNodeAsDigraph(session, correctionDicNode);
+    }
+    if (traversal_->isOmission(session, dicNode, childDicNode, allowsErrorCorrections)) {
+        correctionDicNode->initByCopy(childDicNode);
+        processDicNodeAsOmission(session, correctionDicNode);
+    }
+    switch (traversal_->getProximityType(session, dicNode, childDicNode)) {
+        case PROXIMITY_MATCH:
+        case PROXIMITY_NEAR:
+            processDicNodeAsMatch(session, childDicNode);
+            break;
+        case PROXIMITY_ADDITIONAL:
+            if (allowsErrorCorrections) {
+                processDicNodeAsAdditionalProximityChar(session, dicNode, childDicNode);
+            }
+            break;
+        case PROXIMITY_SUBSTITUTION:
+            if (allowsErrorCorrections) processDicNodeAsSubstitution(session, dicNode, childDicNode);
+            break;
+        default:
+            break;
+    }
+}
+
+void Suggest::processTerminalDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
+    if (dicNode->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return;
+    if (!dicNode->isTerminalDicNode()) return;
+    if (dicNode->shouldBeFilteredBySafetyNetForBigram()) return;
+    if (!dicNode->hasMatchedOrProximityCodePoints()) return;
+    DicNode* const terminalDicNode = &session->getWorkspace()->terminalNode;
+    terminalDicNode->initByCopy(dicNode);
+    if (traversal_->needsToTraverseAllUserInput() &&
+        dicNode->getInputIndex(0) < session->getInputSize()) {
+        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TERMINAL_INSERTION, session, nullptr,
+                                               terminalDicNode, session->getMultiBigramMap());
+    }
+    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TERMINAL, session, nullptr, terminalDicNode,
+                                           session->getMultiBigramMap());
+    session->getDicTraverseCache()->copyPushTerminal(terminalDicNode);
+    ++session->getMutableStatistics()->terminals;
+}
+
+void Suggest::processExpandedDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
+    processTerminalDicNode(session, dicNode);
+    if (dicNode->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return;
+    if (traversal_->isSpaceOmissionTerminal(session, dicNode)) {
+        createNextWordDicNode(session, dicNode, false);
+    }
+    // Several words end with the input: completing the last of them would be guessing.
+    const bool allowsLookAhead =
+        !(dicNode->hasMultipleWords() && dicNode->isCompletion(session->getInputSize()));
+    if (dicNode->hasChildren() && allowsLookAhead) pushNextActive(session, dicNode);
+}
+
+void Suggest::weightChildNode(DicTraverseSession* session, DicNode* dicNode) const {
+    const CorrectionType correctionType =
+        dicNode->isCompletion(session->getInputSize()) ? CORRECTION_COMPLETION : CORRECTION_MATCH;
+    Weighting::addCostAndForwardInputIndex(weighting_, correctionType, session, nullptr, dicNode, nullptr);
+}
+
+void Suggest::createNextWordDicNode(DicTraverseSession* session, const DicNode* dicNode,
+                                    bool spaceSubstitution) const {
+    if (!traversal_->isGoodToTraverseNextWord(dicNode)) return;
+    DicNode* const newDicNode = &session->getWorkspace()->nextWordNode;
+    DicNodeUtils::initAsRootWithPreviousWord(session->getDictionaryStructurePolicy(), dicNode, newDicNode);
+    const CorrectionType correctionType =
+        spaceSubstitution ? CORRECTION_NEW_WORD_SPACE_SUBSTITUTION : CORRECTION_NEW_WORD_SPACE_OMISSION;
+    Weighting::addCostAndForwardInputIndex(weighting_, correctionType, session, dicNode, newDicNode,
+                                           session->getMultiBigramMap());
+    if (newDicNode->getCompoundDistance() < WEIGHT_CEILING_FLOAT) pushNextActive(session, newDicNode);
+}
+
+void Suggest::processDicNodeAsMatch(DicTraverseSession* session, DicNode* childDicNode) const {
+    weightChildNode(session, childDicNode);
+    processExpandedDicNode(session, childDicNode);
+}
+
+void Suggest::processDicNodeAsDigraph(DicTraverseSession* session, DicNode* childDicNode) const {
+    weightChildNode(session, childDicNode);
+    childDicNode->advanceDigraphIndex();
+    processExpandedDicNode(session, childDicNode);
+}
+
+/// `dicNode` is the letter that was left out; the letters behind it are tried at its point.
+void Suggest::processDicNodeAsOmission(DicTraverseSession* session, const DicNode* dicNode) const {
+    DicNodeVector& children = session->getWorkspace()->omissionChildren;
+    const int childCount = fetchChildren(session, dicNode, &children);
+    for (int i = 0; i < childCount; ++i) {
+        DicNode* const childDicNode = children[i];
+        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_OMISSION, session, dicNode,
+                                               childDicNode, nullptr);
+        weightChildNode(session, childDicNode);
+        if (!traversal_->isPossibleOmissionChildNode(session, dicNode, childDicNode)) continue;
+        processExpandedDicNode(session, childDicNode);
+    }
+}
+
+void Suggest::processDicNodeAsInsertion(DicTraverseSession* session, const DicNode* dicNode) const {
+    const int pointIndex = dicNode->getInputIndex(0);
+    const int nextCodePoint = session->getProximityInfoState(0)->getPrimaryCodePointAt(pointIndex + 1);
+    DicNodeVector& children = session->getWorkspace()->insertionChildren;
+    const int childCount = fetchChildren(session, dicNode, &children);
+    for (int i = 0; i < childCount; ++i) {
+        if (children[i]->getNodeCodePoint() != nextCodePoint) continue;
+        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_INSERTION, session, dicNode,
+                                               children[i], nullptr);
+        processExpandedDicNode(session, children[i]);
+    }
+}
+
+void Suggest::processDicNodeAsTransposition(DicTraverseSession* session, const DicNode* dicNode) const {
+    const int pointIndex = dicNode->getInputIndex(0);
+    DicNodeVector& firstChildren = session->getWorkspace()->transpositionFirstChildren;
+    DicNodeVector& secondChildren = session->getWorkspace()->transpositionSecondChildren;
+    const int firstCount = fetchChildren(session, dicNode, &firstChildren);
+    for (int i = 0; i < firstCount; ++i) {
+        const DicNode* const first = firstChildren[i];
+        if (!isNearPoint(session, pointIndex + 1, first) || !first->hasChildren()) continue;
+        const int secondCount = fetchChildren(session, first, &secondChildren);
+        for (int j = 0; j < secondCount; ++j) {
+            DicNode* const second = secondChildren[j];
+            if (!isNearPoint(session, pointIndex, second)) continue;
+            Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TRANSPOSITION, session, first,
+                                                   second, nullptr);
+            processExpandedDicNode(session, second);
+        }
+    }
+}
+
+void Suggest::processDicNodeAsAdditionalProximityChar(DicTraverseSession* session, const DicNode* dicNode,
+                                                      DicNode* childDicNode) const {
+    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_ADDITIONAL_PROXIMITY, session, dicNode,
+                                           childDicNode, nullptr);
+    weightChildNode(session, childDicNode);
+    processExpandedDicNode(session, childDicNode);
+}
+
+void Suggest::processDicNodeAsSubstitution(DicTraverseSession* session, const DicNode* dicNode,
+                                           DicNode* childDicNode) const {
+    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_SUBSTITUTION, session, dicNode,
+                                           childDicNode, nullptr);
+    weightChildNode(session, childDicNode);
+    processExpandedDicNode(session, childDicNode);
+}
+
+}  // namespace wordengine

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <vector>
+
+#include "search/results/suggested_word.h"
+
+namespace vorpel {
+
+/// One request's words, best first, and what was decided about the first of them.
+struct RankedSuggestions {
+    std::vector<wordengine::SuggestedWord> words;
+    bool typedWordFound = false;  ///< the typed word itself was among the candidates; it is left out
+    bool refused = false;         ///< the first word is on the whitelist and yet may not replace
+    bool canAutoCorrect = false;  ///< the first word may replace what was typed
+};
+
+}  // namespace vorpel

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "proximity/proximity_info_state_utils.h"
+#include "traces.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <random>
+
+namespace wordengine {
+namespace {
+
+std::vector<int> sampledIndices(const ProximityInfo& info, const DrawnTrace& trace) {
+    SampledPoints points;
+    ProximityInfoStateUtils::updateTouchPoints(info, 10.0f, nullptr, trace.raw(), true, 0, &points);
+    return points.sampledInputIndice;
+}
+
+/// Which raw points stay, decided with ordered maps and indices into the trace alone.
+class SamplingModel {
+public:
+    SamplingModel(const ProximityInfo& info, const DrawnTrace& trace) : info_(info), trace_(trace) {}
+
+    std::vector<int> run() {
+        double turned = 0;
+        for (int i = 0; i < trace_.size(); ++i) {
+            if (i >= 2) turned += turn(i - 2, i - 1, i - 1, i);
+            const Near current = nearKeys(i);
+            const bool pops = kept_.size() >= 2 && !prev_.empty() && score(i, current, turned) < 0;
+            if (pops) kept_.pop_back();
+            const bool isOnLast = i == trace_.size() - 1 && !kept_.empty() &&
+                                  4 * std::floor(distance(kept_.back(), i)) < info_.getMostCommonKeyWidth();
+            if (!isOnLast) kept_.push_back(i);
+            if (!pops) {
+                prevPrev_ = prev_;
+                turned = 0;
+            }
+            prev_ = current;
+        }
+        return kept_;
+    }
+
+private:
+    using Near = std::map<int, float>;
+
+    Near nearKeys(int i) const {
+        Near near;
+        for (int k = 0; k < info_.getKeyCount(); ++k) {
+            const float d =
+                info_.getNormalizedSquaredDistanceFromCenterFloatG(k, trace_.xs[i], trace_.ys[i], true);
+            if (d < 2.0f) near[k] = d;
+        }
+        return near;
+    }
+    double distance(int i, int j) const {
+        return std::hypot(trace_.xs[i] - trace_.xs[j], trace_.ys[i] - trace_.ys[j]);
+    }
+    double direction(int from, int to) const {
+        const int dx = trace_.xs[from] - trace_.xs[to];
+        const int dy = trace_.ys[from] - trace_.ys[to];
+        return dx == 0 && dy == 0 ? 0 : std::atan2(dy, dx);
+    }
+    double turn(int a, int b, int c, int d) const {
+        const double apart = std::fabs(direction(a, b) - direction(c, d));
+        return std::floor(std::min(apart, 2 * M_PI - apart) * 10000) / 10000;
+    }
+    double score(int i, const Near& current, double turned) const {
+        bool isMinimum = false;
+        for (const auto& [key, d] : prev_) {
+            const auto isFarther = [limit = d + 0.01f, k = key](const Near& near) {
+                return near.count(k) == 0 || near.at(k) > limit;
+            };
+            isMinimum = isMinimum || (isFarther(current) && isFarther(prevPrev_));
+        }
+        float nearest = 10.0f;
+        for (const auto& [key, d] : current) nearest = std::min(nearest, d);
+        double score = isMinimum ? (nearest < 0.6f ? 1 : 0) : -1;
+        const int last = kept_.back();
+        const int beforeLast = kept_[kept_.size() - 2];
+        const bool isLong = std::floor(distance(last, beforeLast)) * 100 > info_.getMostCommonKeyWidth() * 25;
+        if (isLong && (turned > M_PI / 4 || turn(last, i, beforeLast, last) > 2 * M_PI / 3)) score += 1;
+        return score;
+    }
+
+    const ProximityInfo& info_;
+    const DrawnTrace& trace_;
+    std::vector<int> kept_;
+    Near prev_, prevPrev_;
+};
+
+TEST(Sampling, randomTracesKeepThePointsOfTheModel) {
+    std::mt19937 random(23);
+    Layout layout = qwertyLayout();
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    int dropped = 0;
+    for (int round = 0; round < 150; ++round) {
+        layout.hasSweetSpots = round % 2 == 0;
+        const auto info = layout.build();
+        DrawnTrace trace;
+        trace.add(pick(0, 999), pick(0, 599), 0);
+        for (int corner = pick(1, 6); corner > 0; --corner) {
+            trace.lineTo(pick(0, 999), pick(0, 599), pick(4, 60), 10);
+        }
+        for (int& x : trace.xs) x += pick(-3, 3);
+        const std::vector<int> kept = sampledIndices(*info, trace);
+        EXPECT_EQ(kept, SamplingModel(*info, trace).run()) << "round " << round;
+        dropped += trace.size() - static_cast<int>(kept.size());
+    }
+    EXPECT_GT(dropped, 1000);
+}
+
+TEST(Sampling, smallTracesByHand) {
+    const Layout layout = qwertyLayout();
+    const auto info = layout.build();
+    struct {
+        const char* what;
+        std::vector<int> xs, ys, kept;
+    } const cases[] = {
+        {"half way between two keys", {50, 100, 150}, {75, 75, 75}, {0, 2}},
+        {"a corner on a key", {50, 150, 150}, {75, 75, 150}, {0, 1, 2}},
+        {"an end close to the last point", {50, 150, 172}, {75, 75, 75}, {0, 1}},
+        {"a single point", {333}, {10}, {0}},
+        {"a finger that does not move", {50, 50, 50, 50}, {75, 75, 75, 75}, {0}},
+        {"back where it came from", {75, 125, 75}, {300, 300, 300}, {0, 1, 2}},
+    };
+    for (const auto& trace : cases) {
+        DrawnTrace drawn{trace.xs, trace.ys, std::vector<int>(trace.xs.size(), 0)};
+        EXPECT_EQ(sampledIndices(*info, drawn), trace.kept) << trace.what;
+    }
+}
+
+TEST(Speed, ratesAndDirectionsByHand) {
+    DrawnTrace trace;
+    const int xs[] = {0, 10, 20, 30, 60, 90, 120};
+    for (int i = 0; i < 7; ++i) trace.add(xs[i], 5, 10 * i);
+    const auto ratesOf = [&](const std::vector<int>& indices) {
+        SampledPoints points;
+        for (const int i : indices) {
+            points.sampledInputXs.push_back(trace.xs[i]);
+            points.sampledInputYs.push_back(trace.ys[i]);
+            points.sampledTimes.push_back(trace.times[i]);
+            points.sampledInputIndice.push_back(i);
+            points.sampledLengthCache.push_back(trace.xs[i]);
+        }
+        std::vector<float> rates, directions;
+        const float average =
+            ProximityInfoStateUtils::refreshSpeedRates(trace.raw(), 0, points, &rates, &directions);
+        EXPECT_EQ(average, trace.times.back() == 0 ? 0.0f : 2.0f);
+        EXPECT_EQ(directions.size(), indices.size() - 1);
+        for (const float direction : directions) EXPECT_FLOAT_EQ(direction, 3.1415927f);
+        return rates;
+    };
+    EXPECT_EQ(ratesOf({0, 3, 6}), (std::vector<float>{0.5f, 1.0f, 1.5f}));
+    EXPECT_EQ(ratesOf({0, 2, 3, 6}), (std::vector<float>{0.5f, 0.5f, 70.0f / 30.0f / 2.0f, 1.5f}));
+    trace.times.assign(7, 0);
+    EXPECT_EQ(ratesOf({0, 3, 6}), (std::vector<float>{1.0f, 1.0f, 1.0f}));
+}
+
+TEST(Speed, beelineRatesByHand) {
+    DrawnTrace trace;
+    for (int i = 0; i <= 20; ++i) trace.add(10 * i, 0, 10 * i);
+    const auto rateAt = [&](int index) {
+        SampledPoints points;
+        points.sampledInputXs = {trace.xs[index]};
+        points.sampledInputYs = {trace.ys[index]};
+        points.sampledTimes = {trace.times[index]};
+        points.sampledInputIndice = {index};
+        points.sampledLengthCache = {0};
+        return ProximityInfoStateUtils::calculateBeelineSpeedRate(100, 1.0f, 0, trace.raw(), points);
+    };
+    EXPECT_FLOAT_EQ(rateAt(10), 1.01f) << "from raw point 6 to 14";
+    EXPECT_FLOAT_EQ(rateAt(0), 1.0f) << "the rest at the start takes longer than the way";
+    EXPECT_FLOAT_EQ(rateAt(20), 1.0f);
+    for (int i = 11; i <= 20; ++i) trace.times[i] += 300;
+    EXPECT_FLOAT_EQ(rateAt(10), 0.01f + 80.0f / 380.0f);
+    for (int i = 11; i <= 20; ++i) trace.times[i] += 300;
+    EXPECT_FLOAT_EQ(rateAt(10), 0.0f) << "a rest as for a double letter";
+    for (int i = 1; i <= 20; ++i) trace.times[i] += 200;
+    EXPECT_FLOAT_EQ(rateAt(0), 0.01f + 40.0f / 90.0f);
+    const SampledPoints none;
+    EXPECT_FLOAT_EQ(ProximityInfoStateUtils::calculateBeelineSpeedRate(100, 1.0f, 0, trace.raw(), none),
+                    1.0f);
+}
+
+}  // namespace
+}  // namespace wordengine

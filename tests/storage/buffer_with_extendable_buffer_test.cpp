@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "storage/buffer_with_extendable_buffer.h"
+
+#include "storage/byte_array_utils.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <random>
+#include <vector>
+
+namespace wordengine {
+namespace {
+
+constexpr int STEP = BufferWithExtendableBuffer::EXTEND_ADDITIONAL_BUFFER_SIZE_STEP;
+
+TEST(ExtendableBuffer, WritesEndAtTheBoundaryOfTheOriginalRegion) {
+    std::vector<uint8_t> original(8);
+    BufferWithExtendableBuffer buffer({original.data(), original.size()}, 1000);
+    EXPECT_TRUE(buffer.writeUint(0x01020304, 4, 4));
+    EXPECT_FALSE(buffer.writeUint(0xFFFFFFFF, 4, 5));
+    EXPECT_EQ((std::vector<uint8_t>{0, 0, 0, 0, 1, 2, 3, 4}), original);
+    EXPECT_EQ(8, buffer.getTailPosition());
+}
+
+TEST(ExtendableBuffer, GrowsAtItsTailOnly) {
+    std::vector<uint8_t> original(8);
+    BufferWithExtendableBuffer buffer({original.data(), original.size()}, 1000);
+    EXPECT_FALSE(buffer.writeUint(1, 1, 9));
+    EXPECT_TRUE(buffer.writeUint(1, 1, 8));
+    EXPECT_FALSE(buffer.writeUint(1, 2, 8)) << "begins inside the used bytes and ends behind them";
+    EXPECT_EQ(9, buffer.getTailPosition());
+    EXPECT_EQ(1, buffer.getUsedAdditionalBufferSize());
+    EXPECT_FALSE(buffer.isInAdditionalBuffer(7));
+    EXPECT_TRUE(buffer.isInAdditionalBuffer(8));
+}
+
+TEST(ExtendableBuffer, StopsAtItsLimit) {
+    BufferWithExtendableBuffer buffer(1000);
+    EXPECT_FALSE(buffer.extend(1001));
+    EXPECT_FALSE(buffer.isNearSizeLimit());
+    EXPECT_TRUE(buffer.extend(100));
+    EXPECT_TRUE(buffer.isNearSizeLimit()) << "the first step takes all that there is";
+    EXPECT_FALSE(buffer.extend(901));
+    EXPECT_TRUE(buffer.extend(900));
+    EXPECT_FALSE(buffer.extend(1));
+    EXPECT_EQ(1000, buffer.getTailPosition());
+}
+
+TEST(ExtendableBuffer, NearTheLimitCountsWhatIsSetAside) {
+    // Nine steps and a bit: 90 % are reached with the ninth.
+    BufferWithExtendableBuffer buffer(10 * STEP);
+    for (int step = 1; step <= 10; ++step) {
+        ASSERT_TRUE(buffer.extend(STEP));
+        EXPECT_EQ(step >= 9, buffer.isNearSizeLimit()) << step;
+    }
+    EXPECT_FALSE(buffer.extend(1));
+}
+
+TEST(ExtendableBuffer, HostileArgumentsAreRefused) {
+    std::vector<uint8_t> original(8, 0xAB);
+    BufferWithExtendableBuffer buffer({original.data(), original.size()}, INT_MAX);
+    ASSERT_TRUE(buffer.writeUint(0x11223344, 4, 8));
+    for (const int pos : {-1, -8, INT_MIN, INT_MAX, INT_MAX - 2, 13, 100}) {
+        EXPECT_EQ(0u, buffer.readUint(4, pos)) << pos;
+        EXPECT_FALSE(buffer.writeUint(0, 4, pos)) << pos;
+        int out[4];
+        int count = 77;
+        int cursor = pos;
+        buffer.readCodePointsAndAdvancePosition(4, out, &count, &cursor);
+        EXPECT_EQ(0, count) << pos;
+        EXPECT_EQ(pos, cursor);
+    }
+    for (const int size : {-1, 0, 5, INT_MAX, INT_MIN}) {
+        EXPECT_EQ(0u, buffer.readUint(size, 0)) << size;
+        EXPECT_FALSE(buffer.writeUint(0, size, 0)) << size;
+    }
+    EXPECT_FALSE(buffer.extend(-1));
+    EXPECT_FALSE(buffer.extend(INT_MAX));
+    EXPECT_EQ(0u, buffer.readUint(4, 6)) << "straddles the regions";
+    EXPECT_EQ(0u, buffer.readUint(4, 9)) << "ends behind the tail";
+    EXPECT_EQ(12, buffer.getTailPosition());
+    EXPECT_EQ(0xABABABABu, buffer.readUint(4, 0));
+    BufferWithExtendableBuffer none(-5);
+    EXPECT_FALSE(none.extend(1));
+}
+
+TEST(ExtendableBuffer, StringsComeBackFromEitherRegion) {
+    std::vector<uint8_t> original(16);
+    BufferWithExtendableBuffer buffer({original.data(), original.size()}, 1000);
+    const int word[] = {'k', 0xE9, 0x0643};
+    for (const int start : {0, 10, 16}) {
+        int pos = start;
+        ASSERT_TRUE(buffer.writeCodePointsAndAdvancePosition(word, 3, true, &pos)) << start;
+        EXPECT_EQ(start + 6, pos);
+        int out[8];
+        int count = 0;
+        pos = start;
+        buffer.readCodePointsAndAdvancePosition(8, out, &count, &pos);
+        EXPECT_EQ(start + 6, pos);
+        ASSERT_EQ(3, count);
+        EXPECT_TRUE(std::equal(word, word + 3, out));
+    }
+    int pos = 11;
+    EXPECT_FALSE(buffer.writeCodePointsAndAdvancePosition(word, 3, true, &pos)) << "would cross over";
+    EXPECT_EQ(11, pos);
+}
+
+/// The store beside a plain vector with the rules said once more: writes inside either region, or at
+/// the tail up to the limit; reads that are whole.
+class ModelTest : public testing::TestWithParam<int> {
+protected:
+    static constexpr int ORIGINAL_SIZE = 37;
+    static constexpr int MAX_ADDITIONAL_SIZE = 300;
+
+    [[nodiscard]] bool fits(int pos, int size, bool mayGrow) const {
+        const int tail = static_cast<int>(model_.size());
+        if (pos < 0 || pos > tail) return false;
+        if (pos < ORIGINAL_SIZE) return pos + size <= ORIGINAL_SIZE;
+        if (pos + size <= tail) return true;
+        return mayGrow && pos == tail && pos + size <= ORIGINAL_SIZE + MAX_ADDITIONAL_SIZE;
+    }
+
+    void write(int pos, const std::vector<uint8_t>& bytes) {
+        model_.resize(std::max(model_.size(), static_cast<size_t>(pos) + bytes.size()));
+        std::copy(bytes.begin(), bytes.end(), model_.begin() + pos);
+    }
+
+    void writeRandomUint() {
+        const int size = static_cast<int>(random_() % 6);
+        const int pos = randomPosition();
+        const auto data = static_cast<uint32_t>(random_());
+        const bool isExpected = size >= 1 && size <= 4 && fits(pos, size, true);
+        int cursor = pos;
+        ASSERT_EQ(isExpected, buffer_.writeUintAndAdvancePosition(data, size, &cursor));
+        ASSERT_EQ(isExpected ? pos + size : pos, cursor);
+        if (!isExpected) return;
+        std::vector<uint8_t> bytes;
+        for (int i = size - 1; i >= 0; --i) bytes.push_back(static_cast<uint8_t>(data >> (8 * i)));
+        write(pos, bytes);
+    }
+
+    void writeRandomString() {
+        std::vector<int> word(random_() % 6);
+        std::vector<uint8_t> bytes;
+        for (int& codePoint : word) {
+            codePoint = random_() % 2 ? 'a' : 0x0643;
+            const std::vector<uint8_t> encoded =
+                codePoint == 'a' ? std::vector<uint8_t>{'a'} : std::vector<uint8_t>{0x00, 0x06, 0x43};
+            bytes.insert(bytes.end(), encoded.begin(), encoded.end());
+        }
+        const bool writesTerminator = random_() % 2;
+        if (writesTerminator) bytes.push_back(0x1F);
+        const int pos = randomPosition();
+        int cursor = pos;
+        const bool isWritten = buffer_.writeCodePointsAndAdvancePosition(
+            word.data(), static_cast<int>(word.size()), writesTerminator, &cursor);
+        ASSERT_EQ(fits(pos, static_cast<int>(bytes.size()), true), isWritten);
+        ASSERT_EQ(isWritten ? pos + static_cast<int>(bytes.size()) : pos, cursor);
+        if (isWritten) write(pos, bytes);
+    }
+
+    void extendAtRandom() {
+        const int size = static_cast<int>(random_() % 20) - 2;
+        const bool isExpected = size >= 0 && fits(static_cast<int>(model_.size()), size, true);
+        ASSERT_EQ(isExpected, buffer_.extend(size));
+        if (isExpected) model_.resize(model_.size() + static_cast<size_t>(size));
+    }
+
+    void readAtRandom() {
+        const int size = static_cast<int>(random_() % 6);
+        const int pos = randomPosition();
+        uint32_t expected = 0;
+        const bool isWhole = size >= 1 && size <= 4 && fits(pos, size, false);
+        for (int i = 0; isWhole && i < size; ++i)
+            expected = (expected << 8) | model_[static_cast<size_t>(pos + i)];
+        int cursor = pos;
+        ASSERT_EQ(expected, buffer_.readUintAndAdvancePosition(size, &cursor));
+        ASSERT_EQ(isWhole ? pos + size : pos, cursor);
+    }
+
+    /// Mostly inside or at the tail, at times just outside.
+    int randomPosition() {
+        const int tail = static_cast<int>(model_.size());
+        return random_() % 3 == 0 ? tail : static_cast<int>(random_() % static_cast<unsigned>(tail + 6)) - 3;
+    }
+
+    std::mt19937 random_{static_cast<unsigned>(GetParam())};
+    std::vector<uint8_t> original_ = std::vector<uint8_t>(ORIGINAL_SIZE);
+    BufferWithExtendableBuffer buffer_{{original_.data(), original_.size()}, MAX_ADDITIONAL_SIZE};
+    std::vector<uint8_t> model_ = original_;
+};
+
+TEST_P(ModelTest, RandomOperationsAgreeWithPlainVector) {
+    for (int i = 0; i < 600; ++i) {
+        switch (random_() % 8) {
+            case 0:
+                writeRandomString();
+                break;
+            case 1:
+                extendAtRandom();
+                break;
+            case 2:
+            case 3:
+                writeRandomUint();
+                break;
+            default:
+                readAtRandom();
+        }
+        if (HasFatalFailure()) return;
+        ASSERT_EQ(static_cast<int>(model_.size()), buffer_.getTailPosition());
+    }
+    for (int pos = 0; pos < static_cast<int>(model_.size()); ++pos) {
+        ASSERT_EQ(model_[static_cast<size_t>(pos)], buffer_.readUint(1, pos));
+    }
+}
+
+TEST_P(ModelTest, CopiesWholeStoresIfThereIsRoom) {
+    for (int i = 0; i < 100; ++i) writeRandomUint();
+    const int tail = buffer_.getTailPosition();
+    BufferWithExtendableBuffer roomy(tail);
+    ASSERT_TRUE(roomy.copy(&buffer_));
+    ASSERT_EQ(tail, roomy.getTailPosition());
+    for (int pos = 0; pos < tail; ++pos) {
+        ASSERT_EQ(model_[static_cast<size_t>(pos)], roomy.readUint(1, pos));
+    }
+    BufferWithExtendableBuffer tooSmall(tail - 1);
+    EXPECT_FALSE(tooSmall.copy(&buffer_));
+    std::vector<uint8_t> otherOriginal(6);
+    BufferWithExtendableBuffer split({otherOriginal.data(), otherOriginal.size()}, tail);
+    ASSERT_TRUE(split.copy(&buffer_));
+    for (int pos = 0; pos < tail; ++pos) {
+        ASSERT_EQ(model_[static_cast<size_t>(pos)], split.readUint(1, pos));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ExtendableBuffer, ModelTest, testing::Range(1, 21));
+
+}  // namespace
+}  // namespace wordengine

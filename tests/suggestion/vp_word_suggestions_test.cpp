@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "suggestion/vp_word_suggestions.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "platform/memory_user_defaults.h"
+#include "platform/posix/folder_bundle.h"
+#include "support/small_language.h"
+#include "text/diagnostics.h"
+
+namespace vorpel {
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr TouchPoint NOWHERE{};
+
+class VPWordSuggestionsTest : public ::testing::Test {
+protected:
+    VPWordSuggestionsTest() : english("en"), arabic("ar") {
+        english.word("hello", 150).word("help", 140).word("world", 140).pair("hello", "world", 9);
+        english.writeDictionary();
+        english.writeGeometry();
+        arabic.word("مرحبا", 150).word("شكرا", 140);
+        arabic.writeDictionary();
+        arabic.writeGeometry();
+        defaults.setString("Language", "en");
+    }
+
+    Words ask(VPWordSuggestions& service, const std::string& word, const std::string& previous = "") {
+        canAutoCorrect = true;
+        return service.getSuggestionsForWord(word, previous, NOWHERE, &canAutoCorrect);
+    }
+
+    testing::SmallLanguage english;
+    testing::SmallLanguage arabic;
+    platform::MemoryUserDefaults defaults;
+    platform::FolderBundle bundle{{english.folder().path(), arabic.folder().path()}};
+    bool canAutoCorrect = true;
+};
+
+TEST_F(VPWordSuggestionsTest, AnswersInTheStoredLanguage) {
+    const auto service = VPWordSuggestions::create(bundle, defaults);
+    EXPECT_EQ(service->isReady(), true);
+    EXPECT_EQ(ask(*service, "helo").front(), "hello");
+    EXPECT_TRUE(canAutoCorrect);
+
+    platform::FolderBundle arabicBundle({arabic.folder().path()});
+    for (const char* language : {"ar", "fr", ""}) {
+        defaults.setString("Language", language);
+        const auto other = VPWordSuggestions::create(arabicBundle, defaults);
+        EXPECT_EQ(ask(*other, "مرحا").front(), "مرحبا") << language;
+    }
+    const platform::MemoryUserDefaults unset;
+    EXPECT_EQ(ask(*VPWordSuggestions::create(arabicBundle, unset), "شكر").front(), "شكرا");
+}
+
+TEST_F(VPWordSuggestionsTest, PredictsAndNeverCorrectsThen) {
+    const auto service = VPWordSuggestions::create(bundle, defaults);
+    bool flag = true;
+    EXPECT_EQ(service->getPredicWord("", "hello", NOWHERE, &flag), Words{"world"});
+    EXPECT_FALSE(flag);
+    EXPECT_TRUE(service->getPredicWord("", "unknown", NOWHERE, &flag).empty());
+}
+
+TEST_F(VPWordSuggestionsTest, WhatCannotBeAnsweredHasAnEmptyAnswer) {
+    const auto service = VPWordSuggestions::create(bundle, defaults);
+    EXPECT_TRUE(ask(*service, "").empty());
+    EXPECT_FALSE(canAutoCorrect);
+    EXPECT_TRUE(ask(*service, std::string(49, 'a')).empty());
+    EXPECT_NO_THROW(ask(*service, std::string(48, 'a')));
+    EXPECT_EQ(ask(*service, "helo", std::string(49, 'a')).front(), "hello");
+    EXPECT_NO_THROW(ask(*service, "\xff\xfe", "\xc3"));
+}
+
+TEST_F(VPWordSuggestionsTest, RequestsBeforeSetUpAndAfterDismissalAreEmpty) {
+    VPWordSuggestions service(bundle, defaults);
+    EXPECT_EQ(service.isReady(), std::nullopt);
+    EXPECT_TRUE(ask(service, "helo").empty());
+    service.setUp();
+    EXPECT_FALSE(ask(service, "helo").empty());
+    service.dismissWordSuggestor();
+    EXPECT_TRUE(ask(service, "helo").empty());
+}
+
+TEST_F(VPWordSuggestionsTest, WithoutDictionaryOrGeometryTheAnswerIsEmpty) {
+    testing::TemporaryFolder empty;
+    platform::FolderBundle nothing({empty.path()});
+    EXPECT_TRUE(ask(*VPWordSuggestions::create(nothing, defaults), "helo").empty());
+    // A failed request leaves the flag as it was.
+    EXPECT_TRUE(canAutoCorrect);
+
+    platform::FolderBundle noGeometry({empty.path(), english.folder().path()});
+    EXPECT_TRUE(ask(*VPWordSuggestions::create(noGeometry, defaults), "helo").empty());
+
+    const std::string broken = english.folder().write("en_US_P_113.json", "{\"keyCount\": 3");
+    try {
+        VPWordSuggestions::create(bundle, defaults);
+        FAIL() << "a broken geometry file was taken";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find(broken), std::string::npos) << error.what();
+    }
+}
+
+TEST_F(VPWordSuggestionsTest, TheTouchCountsOnlyWhereItIsAsked) {
+    const auto service = VPWordSuggestions::create(bundle, defaults);
+    const auto scoreWith = [&](TouchPoint touch) {
+        return service->getRankedSuggestionsForWord("h", "", touch)->words.size();
+    };
+    const std::size_t known = scoreWith({10000, 10000});
+    ASSERT_GT(known, 0U);
+    EXPECT_EQ(scoreWith({20, 29}), known);
+    service->useTouchPoint = true;
+    EXPECT_EQ(scoreWith({10000, 10000}), known);
+    // A touch on "q" with the letter "h": far from all that begins with h.
+    const auto aside = service->getRankedSuggestionsForWord("h", "", {20, 29});
+    const auto centered = service->getRankedSuggestionsForWord("h", "", {10000, 10000});
+    ASSERT_FALSE(aside->words.empty());
+    EXPECT_LT(aside->words.front().getScore(), centered->words.front().getScore());
+}
+
+TEST_F(VPWordSuggestionsTest, LiveFramesStandInForTheStoredCentres) {
+    const compiler::KeyPage page = compiler::layOutPortraitPage(compiler::letterRows("en"), 375, 216);
+    std::vector<std::optional<LiveKeyFrame>> frames;
+    Words caps;
+    for (const compiler::KeyFrame& key : page.keys) {
+        frames.push_back(LiveKeyFrame{key.x, key.y, key.width, key.height});
+        caps.push_back(std::string(1, static_cast<char>(key.codePoint | 0x20)));
+    }
+    frames.emplace_back(std::nullopt);
+    caps.emplace_back("é");
+    const auto service = VPWordSuggestions::create(bundle, defaults, frames, caps, 375, 216);
+    EXPECT_TRUE(service->useTouchPoint);
+    Words answer;
+    const TouchPoint none{10000, 10000};
+    for (const char* typed : {"h", "he", "hel", "hell"}) {
+        answer = service->getSuggestionsForWord(typed, "", none, &canAutoCorrect);
+    }
+    ASSERT_FALSE(answer.empty());
+    EXPECT_EQ(answer.front(), "hello");
+}
+
+TEST_F(VPWordSuggestionsTest, LinesGoWhereTheProgramSendsThem) {
+    testing::TemporaryFolder folder;
+    const std::string path = folder.path("lines");
+    std::FILE* file = std::fopen(path.c_str(), "w");
+    wordengine::Diagnostics::setStream(file);
+    {
+        const auto service = VPWordSuggestions::create(bundle, defaults);
+        ask(*service, "h");
+        service->dismissWordSuggestor();
+        platform::FolderBundle geometryOnly({english.folder().path()});
+        english.folder().write("en_US.dic", "");
+        ask(*VPWordSuggestions::create(geometryOnly, defaults), "h");
+    }
+    wordengine::Diagnostics::setStream(stdout);
+    std::fclose(file);
+    std::ifstream lines(path);
+    const std::string text{std::istreambuf_iterator<char>(lines), {}};
+    EXPECT_EQ(text,
+              "set up called for word suggestions\n"
+              "isGestureBool: 0\n"
+              "delete called for word suggestions\n"
+              "set up called for word suggestions\n"
+              "Error Message = Buffer policy\n");
+}
+
+}  // namespace
+}  // namespace vorpel

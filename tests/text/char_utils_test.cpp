@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "text/char_utils.h"
+
+#include "text/utf.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace wordengine {
+namespace {
+
+TEST(FoldingTables, CapitalsAreSortedAndWithoutAscii) {
+    EXPECT_EQ(0x00C0, SORTED_CHAR_MAP[0].capital);
+    EXPECT_EQ(0xFF3A, SORTED_CHAR_MAP[SORTED_CHAR_MAP_SIZE - 1].capital);
+    for (int i = 0; i < SORTED_CHAR_MAP_SIZE; ++i) {
+        EXPECT_NE(SORTED_CHAR_MAP[i].capital, SORTED_CHAR_MAP[i].small);
+        EXPECT_NE(0, SORTED_CHAR_MAP[i].small) << "a pair is missing";
+        if (i > 0) {
+            EXPECT_LT(SORTED_CHAR_MAP[i - 1].capital, SORTED_CHAR_MAP[i].capital);
+        }
+    }
+}
+
+TEST(FoldingTables, BaseLettersDifferWhereExpected) {
+    int differing = 0;
+    for (int c = 0; c < BASE_CHARS_SIZE; ++c) {
+        if (CharUtils::BASE_CHARS[c] != c) ++differing;
+        if (c < 0x80) {
+            EXPECT_EQ(c, CharUtils::BASE_CHARS[c]);
+        }
+    }
+    EXPECT_EQ(405, differing);
+}
+
+TEST(LatinToLower, AgreesWithWalkOverThePairs) {
+    std::vector<int> expected(0x10000);
+    for (int c = 0; c <= 0xFFFF; ++c) expected[c] = c;
+    for (const auto& pair : SORTED_CHAR_MAP) expected[pair.capital] = pair.small;
+    for (int c = 0; c <= 0xFFFF; ++c) {
+        ASSERT_EQ(expected[c], CharUtils::latin_tolower(static_cast<uint16_t>(c))) << std::hex << c;
+    }
+}
+
+TEST(LatinToLower, SmallLettersStay) {
+    for (const auto& pair : SORTED_CHAR_MAP) {
+        EXPECT_EQ(pair.small, CharUtils::toLowerCase(pair.small)) << std::hex << pair.capital;
+    }
+}
+
+TEST(LatinToLower, Samples) {
+    const struct {
+        int capital;
+        int small;
+    } samples[] = {
+        {'A', 'a'},         {'Z', 'z'},         {'@', '@'},           {'[', '['},         {0x7F, 0x7F},
+        {0xC4, 0xE4},       {0xD7, 0xD7},       {0xDF, 0xDF},         {0x0130, 'i'},      {0x0131, 0x0131},
+        {0x0178, 0xFF},     {0x01C4, 0x01C6},   {0x01C5, 0x01C6},     {0x0391, 0x03B1},   {0x03A3, 0x03C3},
+        {0x0410, 0x0430},   {0x04C0, 0x04CF},   {0x0531, 0x0561},     {0x0627, 0x0627},   {0x10A0, 0x2D00},
+        {0x13A0, 0x13A0},   {0x1E9E, 0xDF},     {0x1F88, 0x1F80},     {0x2126, 0x03C9},   {0x212A, 'k'},
+        {0x2160, 0x2170},   {0x24B6, 0x24D0},   {0x2C62, 0x026B},     {0xA640, 0xA641},   {0xA78D, 0x0265},
+        {0xA7AA, 0xA7AA},   {0xFF21, 0xFF41},   {0x10400, 0x10400},   {0x100C4, 0x100C4}, {-1, -1},
+        {INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}, {0x10FFFF, 0x10FFFF},
+    };
+    for (const auto& sample : samples) {
+        EXPECT_EQ(sample.small, CharUtils::toLowerCase(sample.capital)) << std::hex << sample.capital;
+    }
+}
+
+TEST(BaseLetters, Samples) {
+    const struct {
+        int codePoint;
+        int base;
+        int baseLower;
+    } samples[] = {
+        {'A', 'A', 'a'},
+        {'\'', '\'', '\''},
+        {0xA0, ' ', ' '},
+        {0xB2, '2', '2'},
+        {0xC0, 'A', 'a'},
+        {0xE9, 'e', 'e'},
+        {0xD8, 'O', 'o'},
+        {0xF8, 'o', 'o'},
+        {0xDF, 's', 's'},
+        {0xC6, 0xC6, 0xE6},
+        {0x0130, 'I', 'i'},
+        {0x0131, 'I', 'i'},
+        {0x0141, 'L', 'l'},
+        {0x0142, 'l', 'l'},
+        {0x01FE, 'O', 'o'},
+        {0x01C4, 'D', 'd'},
+        {0x0385, 0xA8, 0xA8},
+        {0x0390, 0x03CA, 0x03CA},
+        {0x03B0, 0x03CB, 0x03CB},
+        {0x03D3, 0x03D2, 0x03D2},
+        {0x0386, 0x0391, 0x03B1},
+        {0x0401, 0x0415, 0x0435},
+        {0x0419, 0x0419, 0x0439},
+        {0x042A, 0x042C, 0x044C},
+        {0x044A, 0x044C, 0x044C},
+        {0x04FF, 0x04FF, 0x04FF},
+        {0x0500, 0x0500, 0x0501},
+        {0x1EA4, 0x1EA4, 0x1EA5},
+        {0x0623, 0x0623, 0x0623},
+        {0x110000, 0x110000, 0x110000},
+        {-1, -1, -1},
+        {INT_MIN, INT_MIN, INT_MIN},
+    };
+    for (const auto& sample : samples) {
+        EXPECT_EQ(sample.base, CharUtils::toBaseCodePoint(sample.codePoint)) << std::hex << sample.codePoint;
+        EXPECT_EQ(sample.baseLower, CharUtils::toBaseLowerCase(sample.codePoint))
+            << std::hex << sample.codePoint;
+    }
+}
+
+TEST(BaseLetters, FoldingTwiceChangesNothingButForLettersWithTwoSteps) {
+    std::set<int> changing;
+    for (int c = 0; c <= 0x10FFFF; ++c) {
+        const int once = CharUtils::toBaseLowerCase(c);
+        if (CharUtils::toBaseLowerCase(once) != once) changing.insert(c);
+    }
+    // Greek letters that lose one of two marks, the capital sharp s, the Angstrom sign.
+    EXPECT_EQ((std::set<int>{0x0385, 0x0390, 0x03B0, 0x03D3, 0x03D4, 0x1E9E, 0x212B}), changing);
+}
+
+TEST(BaseLetters, CapitalAndSmallLetterFoldAlike) {
+    std::set<int> different;
+    for (const auto& pair : SORTED_CHAR_MAP) {
+        if (CharUtils::toBaseLowerCase(pair.capital) != CharUtils::toBaseLowerCase(pair.small)) {
+            different.insert(pair.capital);
+        }
+    }
+    // The lunate sigma, whose small form is one of the final sigma, and the two of above.
+    EXPECT_EQ((std::set<int>{0x03F9, 0x1E9E, 0x212B}), different);
+}
+
+TEST(IntentionalOmission, IsApostropheAndHyphenOnly) {
+    for (int c = -1; c < 0x3000; ++c) {
+        EXPECT_EQ(c == '\'' || c == '-', CharUtils::isIntentionalOmissionCodePoint(c)) << c;
+    }
+}
+
+class CodePointsToUtf8Test : public testing::Test {
+protected:
+    /// Converts into a buffer of exactly `size` bytes, so that the sanitizer sees one byte too many.
+    std::string convert(const std::vector<int>& codePoints, int size) {
+        std::vector<char> out(static_cast<size_t>(size), '#');
+        const int length = CharUtils::codePointsToUtf8(codePoints.data(), static_cast<int>(codePoints.size()),
+                                                       out.data(), size);
+        EXPECT_LT(length, size);
+        EXPECT_EQ('\0', out[static_cast<size_t>(length)]);
+        return std::string(out.data(), static_cast<size_t>(length));
+    }
+};
+
+TEST_F(CodePointsToUtf8Test, NeverSplitsCharacterAtAnySize) {
+    const std::vector<int> word = {'a', 0xE9, 0x0643, 0x20AC, 0x1F600, 'z', 0x10FFFF};
+    const std::string whole = codePointsToUtf8(word);
+    std::vector<size_t> ends = {0};
+    for (size_t count = 1; count <= word.size(); ++count) {
+        ends.push_back(codePointsToUtf8(std::vector<int>(word.begin(), word.begin() + count)).size());
+    }
+    for (int size = 1; size <= static_cast<int>(whole.size()) + 3; ++size) {
+        size_t expectedLength = 0;
+        for (const size_t end : ends) {
+            if (end <= static_cast<size_t>(size) - 1) expectedLength = end;
+        }
+        EXPECT_EQ(whole.substr(0, expectedLength), convert(word, size)) << size;
+    }
+}
+
+TEST_F(CodePointsToUtf8Test, ShorterCharacterBehindOneThatDoesNotFitIsDroppedToo) {
+    EXPECT_EQ("a", convert({'a', 0x20AC, 'b'}, 4));
+}
+
+TEST_F(CodePointsToUtf8Test, StopsAtZero) {
+    EXPECT_EQ("ab", convert({'a', 'b', 0, 'c'}, 50));
+    EXPECT_EQ("", convert({}, 1));
+}
+
+TEST_F(CodePointsToUtf8Test, MarksWhatIsNoCharacterAsInvalid) {
+    for (const int codePoint :
+         {0xD800, 0xDFFF, 0x110000, 0x1EFFFF, 0x1FFFFF, 0x200000, INT_MAX, -1, INT_MIN}) {
+        EXPECT_FALSE(isValidUtf8(convert({'a', codePoint, 'b'}, 50))) << std::hex << codePoint;
+    }
+}
+
+TEST_F(CodePointsToUtf8Test, WritesNothingWithoutRoom) {
+    const int word[] = {'a'};
+    char untouched = '#';
+    EXPECT_EQ(0, CharUtils::codePointsToUtf8(word, 1, &untouched, 0));
+    EXPECT_EQ(0, CharUtils::codePointsToUtf8(word, 1, &untouched, -5));
+    EXPECT_EQ('#', untouched);
+}
+
+}  // namespace
+}  // namespace wordengine

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "text/edit_distance.h"
+
+#include "text/damerau_levenshtein_edit_distance_policy.h"
+#include "text/utf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace wordengine {
+namespace {
+
+float distanceOf(const std::vector<int>& word0, const std::vector<int>& word1) {
+    const DamerauLevenshteinEditDistancePolicy policy(word0.data(), static_cast<int>(word0.size()),
+                                                      word1.data(), static_cast<int>(word1.size()));
+    return EditDistance::getEditDistance(&policy);
+}
+
+float distanceOf(const char* word0, const char* word1) {
+    return distanceOf(utf8ToCodePoints(word0).value(), utf8ToCodePoints(word1).value());
+}
+
+/// Plain definition on the ends of two folded words, with no table.
+int modelDistance(const std::string& word0, const std::string& word1) {
+    if (word0.empty() || word1.empty()) return static_cast<int>(std::max(word0.size(), word1.size()));
+    const std::string head0 = word0.substr(0, word0.size() - 1);
+    const std::string head1 = word1.substr(0, word1.size() - 1);
+    const int change = word0.back() == word1.back() ? 0 : 1;
+    int least = std::min({modelDistance(head0, word1) + 1, modelDistance(word0, head1) + 1,
+                          modelDistance(head0, head1) + change});
+    if (head0.empty() || head1.empty()) return least;
+    if (word0.back() == head1.back() && head0.back() == word1.back()) {
+        least = std::min(
+            least,
+            modelDistance(head0.substr(0, head0.size() - 1), head1.substr(0, head1.size() - 1)) + change);
+    }
+    return least;
+}
+
+TEST(EditDistance, KnownDistances) {
+    const struct {
+        const char* word0;
+        const char* word1;
+        float distance;
+    } samples[] = {
+        {"", "", 0},
+        {"", "ab", 2},
+        {"abc", "", 3},
+        {"abcd", "abdc", 1},
+        {"teh", "the", 1},
+        {"kitten", "sitting", 3},
+        {"ca", "abc", 3},
+        {"Strasse",
+         "stra\xC3\x9F"
+         "e",
+         1},
+        {"CAFE", "caf\xC3\xA9", 0},
+        {"aa", "aa", 0},
+        {"abcdef", "badcfe", 3},
+        {"\xC3\x98re", "ore", 0},
+    };
+    for (const auto& sample : samples) {
+        EXPECT_EQ(sample.distance, distanceOf(sample.word0, sample.word1))
+            << sample.word0 << " " << sample.word1;
+        EXPECT_EQ(sample.distance, distanceOf(sample.word1, sample.word0))
+            << sample.word1 << " " << sample.word0;
+    }
+}
+
+TEST(EditDistance, RandomWordsAgreeWithPlainDefinition) {
+    const struct {
+        int codePoint;
+        char folded;
+    } letters[] = {{'a', 'a'},  {'A', 'a'}, {0xE1, 'a'}, {'b', 'b'},    {'e', 'e'},
+                   {0xC9, 'e'}, {'s', 's'}, {0xDF, 's'}, {0x0130, 'i'}, {'\'', '\''}};
+    std::mt19937 random(7);
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<int> words[2];
+        std::string folded[2];
+        for (int side = 0; side < 2; ++side) {
+            for (unsigned length = random() % 7; length > 0; --length) {
+                const auto& letter = letters[random() % std::size(letters)];
+                words[side].push_back(letter.codePoint);
+                folded[side].push_back(letter.folded);
+            }
+        }
+        ASSERT_EQ(static_cast<float>(modelDistance(folded[0], folded[1])), distanceOf(words[0], words[1]))
+            << folded[0] << " " << folded[1];
+    }
+}
+
+TEST(EditDistance, LengthsAroundTheFixedTable) {
+    for (const int length0 : {0, 1, 47, 48, 49, 200}) {
+        for (const int length1 : {0, 1, 47, 48, 49, 200}) {
+            const std::vector<int> word0(static_cast<size_t>(length0), 'x');
+            const std::vector<int> word1(static_cast<size_t>(length1), 'x');
+            EXPECT_EQ(static_cast<float>(std::abs(length0 - length1)), distanceOf(word0, word1))
+                << length0 << " " << length1;
+        }
+    }
+}
+
+TEST(EditDistance, NegativeLengthIsEmptyWord) {
+    const int word[] = {'a', 'b'};
+    const DamerauLevenshteinEditDistancePolicy policy(word, -3, word, 2);
+    EXPECT_EQ(2.0f, EditDistance::getEditDistance(&policy));
+}
+
+/// Costs that tell the directions apart and grow with the index.
+class WeightedPolicy : public EditDistancePolicy {
+public:
+    WeightedPolicy(int length0, int length1) : length0_(length0), length1_(length1) {}
+    [[nodiscard]] float getSubstitutionCost(int, int) const override { return 100.0f; }
+    [[nodiscard]] float getDeletionCost(int, int index1) const override {
+        return 2.0f + static_cast<float>(index1);
+    }
+    [[nodiscard]] float getInsertionCost(int index0, int) const override {
+        return 10.0f + static_cast<float>(index0);
+    }
+    [[nodiscard]] bool allowTransposition(int, int) const override { return false; }
+    [[nodiscard]] float getTranspositionCost(int, int) const override { return 0.0f; }
+    [[nodiscard]] int getString0Length() const override { return length0_; }
+    [[nodiscard]] int getString1Length() const override { return length1_; }
+
+private:
+    int length0_;
+    int length1_;
+};
+
+TEST(EditDistance, EdgesMultiplyTheLastCost) {
+    const WeightedPolicy insertions(3, 0);
+    EXPECT_EQ(3.0f * 12.0f, EditDistance::getEditDistance(&insertions));
+    const WeightedPolicy deletions(0, 3);
+    EXPECT_EQ(3.0f * 4.0f, EditDistance::getEditDistance(&deletions));
+    // Insertion at (0, 0) from the edge [0][1] = 1 * 2, or deletion from [1][0] = 1 * 10.
+    const WeightedPolicy both(1, 1);
+    EXPECT_EQ(12.0f, EditDistance::getEditDistance(&both));
+}
+
+}  // namespace
+}  // namespace wordengine
