@@ -7,5 +7,8 @@ set(VORPEL_PUBLIC_HEADERS
     platform/posix/folder_bundle.h
     platform/user_defaults.h
     search/results/suggested_word.h
+    search/search_statistics.h
+    suggestion/ranked_suggestions.h
+    search/results/suggested_word.h
     suggestion/ranked_suggestions.h
     suggestion/vp_word_suggestions.h)

@@ -1,21 +1,61 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <functional>
+#include <string>
+#include <vector>
 
-#include <CLI/CLI.hpp>
+#include "language_files.h"
 
 namespace vorpel::cli {
 
-/// What the chosen command does once the command line has been read; returns the exit status.
-using Action = std::function<int()>;
+// What each command is asked for, and the command itself: it prints its answer on standard output,
+// returns the exit status, and throws std::exception for a failure that is told in one line.
 
-// Each adds one command, which sets `action` when it is the one that is asked for.
-void addSuggestCommand(CLI::App& app, Action& action);
-void addPredictCommand(CLI::App& app, Action& action);
-void addServeCommand(CLI::App& app, Action& action);
-void addDictCommand(CLI::App& app, Action& action);
-void addGeometryCommand(CLI::App& app, Action& action);
-void addEvalCommand(CLI::App& app, Action& action);
+struct SuggestArguments {
+    LanguageChoice choice;
+    std::string previous;
+    bool json = false;
+    bool trace = false;
+    std::vector<std::string> words;
+};
+int suggest(const SuggestArguments& arguments);
+
+struct PredictArguments {
+    LanguageChoice choice;
+    bool json = false;
+    std::vector<std::string> words;
+};
+int predict(const PredictArguments& arguments);
+
+int serve(const LanguageChoice& choice);
+
+struct DictArguments {
+    std::string file;     ///< the recipe of `build`, the dictionary of the others
+    std::string sources;  ///< of `build`
+    std::string out;      ///< of `build`
+    std::vector<std::string> words;
+};
+int buildDict(const DictArguments& arguments);
+int describeDict(const DictArguments& arguments);
+int listDict(const DictArguments& arguments);
+int lookUpInDict(const DictArguments& arguments);
+int verifyDict(const DictArguments& arguments);
+
+struct GeometryArguments {
+    std::string language = "en";
+    int page = 0;
+    double width = 375;
+    bool capitals = false;
+    std::string out;
+};
+int writeGeometry(const GeometryArguments& arguments);
+
+struct EvalArguments {
+    LanguageChoice choice;
+    std::string set;
+    std::string missesFile;
+    bool json = false;
+};
+int evaluate(const EvalArguments& arguments);
 
 }  // namespace vorpel::cli

@@ -6,18 +6,13 @@
 
 #include "answer_printing.h"
 #include "commands.h"
-#include "language_options.h"
 #include "word_service.h"
 
 namespace vorpel::cli {
 
 namespace {
 
-struct PredictArguments {
-    LanguageChoice choice;
-    bool json = false;
-    std::vector<std::string> words;
-};
+}  // namespace
 
 int predict(const PredictArguments& arguments) {
     WordService service(findLanguageFiles(arguments.choice));
@@ -33,18 +28,6 @@ int predict(const PredictArguments& arguments) {
         }
     }
     return 0;
-}
-
-}  // namespace
-
-void addPredictCommand(CLI::App& app, Action& action) {
-    auto arguments = std::make_shared<PredictArguments>();
-    CLI::App* command = app.add_subcommand("predict", "The words that may follow each word");
-    command->footer("Example: vorpel predict thank how good");
-    addLanguageOptions(*command, arguments->choice);
-    command->add_flag("--json", arguments->json, "one JSON object a word");
-    command->add_option("WORD", arguments->words, "the finished word")->required();
-    command->callback([arguments, &action] { action = [arguments] { return predict(*arguments); }; });
 }
 
 }  // namespace vorpel::cli

@@ -8,7 +8,6 @@
 
 #include "answer_printing.h"
 #include "commands.h"
-#include "language_options.h"
 #include "request_line.h"
 #include "word_service.h"
 
@@ -50,6 +49,8 @@ Json::Value respond(const std::string& line, const LanguageChoice& choice, Servi
     return response;
 }
 
+}  // namespace
+
 int serve(const LanguageChoice& choice) {
     Services services(choice);
     services.forLanguage(choice.language);
@@ -65,19 +66,6 @@ int serve(const LanguageChoice& choice) {
         if (std::fflush(stdout) != 0) return 1;
     }
     return 0;
-}
-
-}  // namespace
-
-void addServeCommand(CLI::App& app, Action& action) {
-    auto choice = std::make_shared<LanguageChoice>();
-    CLI::App* command =
-        app.add_subcommand("serve", "Answer requests on standard input, one JSON object a line");
-    command->footer(
-        "Example: echo '{\"op\":\"suggest\",\"word\":\"teh\",\"prev\":\"\"}' | vorpel serve\n"
-        "         echo '{\"op\":\"predict\",\"prev\":\"how\",\"lang\":\"en\"}' | vorpel serve");
-    addLanguageOptions(*command, *choice);
-    command->callback([choice, &action] { action = [choice] { return serve(*choice); }; });
 }
 
 }  // namespace vorpel::cli

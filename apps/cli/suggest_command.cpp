@@ -6,21 +6,12 @@
 
 #include "answer_printing.h"
 #include "commands.h"
-#include "language_options.h"
 #include "search/search_statistics.h"
 #include "word_service.h"
 
 namespace vorpel::cli {
 
 namespace {
-
-struct SuggestArguments {
-    LanguageChoice choice;
-    std::string previous;
-    bool json = false;
-    bool trace = false;
-    std::vector<std::string> words;
-};
 
 void printTrace(const std::string& typed, const Answer& answer, const wordengine::SearchStatistics* search) {
     if (!search) return;
@@ -39,6 +30,8 @@ void printForPerson(const std::string& word, const Answer& answer) {
     printWords(answer);
 }
 
+}  // namespace
+
 int suggest(const SuggestArguments& arguments) {
     const LanguageFiles files = findLanguageFiles(arguments.choice);
     for (const std::string& word : arguments.words) {
@@ -56,21 +49,6 @@ int suggest(const SuggestArguments& arguments) {
         }
     }
     return 0;
-}
-
-}  // namespace
-
-void addSuggestCommand(CLI::App& app, Action& action) {
-    auto arguments = std::make_shared<SuggestArguments>();
-    CLI::App* command = app.add_subcommand("suggest", "The words that each typed word may become, ranked");
-    command->footer("Example: vorpel suggest --previous thank teh yuo\n"
-                    "An arrow names the word that would replace the typed one.");
-    addLanguageOptions(*command, arguments->choice);
-    command->add_option("--previous", arguments->previous, "the word before");
-    command->add_flag("--json", arguments->json, "one JSON object a word");
-    command->add_flag("--trace", arguments->trace, "what the search did after each letter");
-    command->add_option("WORD", arguments->words, "what was typed")->required();
-    command->callback([arguments, &action] { action = [arguments] { return suggest(*arguments); }; });
 }
 
 }  // namespace vorpel::cli

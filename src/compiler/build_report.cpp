@@ -14,7 +14,7 @@ std::string BuildReport::summary() const {
         {"pairs written by hand", seedPairs},
         {"corrections", corrections},
         {"shortcuts", shortcuts},
-        {"entries of counted sources that are no words", unusableEntries},
+        {"entries of sources that cannot be words", unusableEntries},
         {"capitalised twins dropped", caseTwinsDropped},
         {"words excluded", excludedWords},
         {"words beyond the limit", wordsBeyondLimit},

@@ -22,6 +22,10 @@ bool isUsableWord(std::string_view word) {
     return faultOfWord(word).empty();
 }
 
+std::string_view firstField(std::string_view line) {
+    return trimmed(line.substr(0, line.find('\t')));
+}
+
 std::vector<std::string_view> fields(const ListFile& file, std::string_view line, size_t count,
                                      const char* form) {
     std::vector<std::string_view> parts = splitAt(line, '\t');
@@ -137,20 +141,39 @@ int readArpa(ListFile& file, const ArpaVisitor& visitor) {
     throw file.error(hasData ? "the ARPA model ends without \\end\\" : "no ARPA model: \\data\\ is missing");
 }
 
+int readVocabulary(ListFile& file, const std::function<void(std::string_view)>& visit) {
+    int unusable = 0;
+    for (std::string_view line; file.next(&line);) {
+        const std::string_view word = firstField(line);
+        if (isUsableWord(word)) {
+            visit(word);
+        } else {
+            ++unusable;
+        }
+    }
+    return unusable;
+}
+
 void readWordList(ListFile& file, const std::function<void(std::string_view)>& visit) {
     for (std::string_view line; file.next(&line);) {
-        const std::string_view word = trimmed(line.substr(0, line.find('\t')));
+        const std::string_view word = firstField(line);
         requireWord(file, word);
         visit(word);
     }
 }
 
-void readFloors(ListFile& file, const std::function<void(std::string_view, double)>& visit) {
+int readFloors(ListFile& file, const std::function<void(std::string_view, double)>& visit) {
+    int unusable = 0;
     for (std::string_view line; file.next(&line);) {
         const auto parts = fields(file, line, 2, "word<TAB>probability");
-        requireWord(file, parts[0]);
-        visit(parts[0], requireProbability(file, parts[1]));
+        const double probability = requireProbability(file, parts[1]);
+        if (isUsableWord(parts[0])) {
+            visit(parts[0], probability);
+        } else {
+            ++unusable;
+        }
     }
+    return unusable;
 }
 
 void readSeed(ListFile& file, const std::function<void(std::string_view, double)>& visit) {

@@ -29,11 +29,14 @@ struct ArpaVisitor {
 /// Unigrams come before bigrams. Returns how many entries had no usable word, sentence marks not counted.
 int readArpa(ListFile& file, const ArpaVisitor& visitor);
 
-/// One word a line; what stands behind a tab is ignored.
+/// One word a line; what stands behind a tab is ignored. Returns how many lines had no usable word.
+int readVocabulary(ListFile& file, const std::function<void(std::string_view word)>& visit);
+
+/// The same for lists written by hand, in which such a line is an error.
 void readWordList(ListFile& file, const std::function<void(std::string_view word)>& visit);
 
-/// Lines "word<TAB>probability".
-void readFloors(ListFile& file, const std::function<void(std::string_view word, double probability)>& visit);
+/// Lines "word<TAB>probability". Returns how many had no usable word.
+int readFloors(ListFile& file, const std::function<void(std::string_view word, double probability)>& visit);
 
 /// Lines "[tier PROBABILITY]", each followed by lines of words.
 void readSeed(ListFile& file, const std::function<void(std::string_view word, double tier)>& visit);

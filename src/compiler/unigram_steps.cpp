@@ -40,7 +40,7 @@ void UnigramSteps::readVocabularies() {
         std::optional<ListFile> file = opener_->open(source);
         if (!file) continue;
         hasVocabulary_ = true;
-        readWordList(
+        report_->unusableEntries += readVocabulary(
             *file, [this](std::string_view word) { lexicon_[lexicon_.intern(word)].isInVocabulary = true; });
     }
 }
@@ -49,7 +49,7 @@ void UnigramSteps::readFloorsAndSeeds() {
     for (const SourceFile& source : recipe_.floors) {
         std::optional<ListFile> file = opener_->open(source);
         if (!file) continue;
-        readFloors(*file, [this](std::string_view word, double probability) {
+        report_->unusableEntries += readFloors(*file, [this](std::string_view word, double probability) {
             Lexicon::Lexeme& lexeme = lexicon_[lexicon_.intern(word)];
             lexeme.isInVocabulary = true;
             lexeme.floor = std::max(lexeme.floor, probability);

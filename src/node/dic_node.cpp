@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "node/dic_node.h"
 
-#include <algorithm>
-
 #include "text/digraph_utils.h"
+
+#include <algorithm>
 
 namespace wordengine {
 
@@ -28,8 +28,7 @@ void DicNode::initByCopy(const DicNode* other) {
 
 void DicNode::initAsPassingChild(const DicNode* parent) {
     isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
-    const int codePoint = parent->state_.output_.getCurrentWordCodePointAt(parent->getNodeCodePointCount());
-    properties_.initAsPassingChild(parent->properties_, codePoint);
+    properties_.initAsPassingChild(parent->properties_, parent->getPassingCodePoint());
     state_.initByCopy(parent->state_);
 }
 
@@ -39,8 +38,7 @@ void DicNode::initAsChild(const DicNode* parent, int ptNodePos, int childrenPtNo
     isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
     const int codePoint = mergedNodeCodePoints ? mergedNodeCodePoints[0] : NO_CODE_POINT;
     properties_.initAsChild(parent->properties_, ptNodePos, childrenPtNodeArrayPos, codePoint, probability,
-                            isTerminal, hasChildren, isBlacklistedOrNotAWord,
-                            mergedNodeCodePointCount);
+                            isTerminal, hasChildren, isBlacklistedOrNotAWord, mergedNodeCodePointCount);
     state_.initByCopy(parent->state_);
     state_.output_.addMergedNodeCodePoints(mergedNodeCodePointCount, mergedNodeCodePoints);
 }

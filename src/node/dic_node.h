@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <type_traits>
-
 #include "node/dic_node_properties.h"
 #include "node/dic_node_state.h"
 #include "node/error_type_utils.h"
 #include "text/engine_constants.h"
+
+#include <type_traits>
 
 namespace wordengine {
 
@@ -40,6 +40,10 @@ public:
     /// The same, or the letter that stands for it in the half of a digraph that the node is in.
     int getNodeCodePoint() const {
         return isInDigraph() ? getDigraphNodeCodePoint() : properties_.getDicNodeCodePoint();
+    }
+    /// The code point behind this step's inside the same dictionary node, NO_CODE_POINT at its end.
+    int getPassingCodePoint() const {
+        return state_.output_.getCurrentWordCodePointAt(getNodeCodePointCount());
     }
     /// Code points of the current word so far.
     int getNodeCodePointCount() const { return properties_.getDepth(); }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
-#include <functional>
-
 #include "node/dic_node.h"
 #include "node/error_type_utils.h"
+
+#include <algorithm>
+#include <functional>
 
 namespace wordengine {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "node/dic_node.h"
+
 #include <cstddef>
 #include <vector>
-
-#include "node/dic_node.h"
 
 namespace wordengine {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "node/dic_node.h"
 #include "node/dic_node_comparator.h"
 #include "node/dic_node_pool.h"
+
+#include <vector>
 
 namespace wordengine {
 

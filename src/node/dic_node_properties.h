@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-
 #include "text/engine_constants.h"
+
+#include <cstdint>
 
 namespace wordengine {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "text/engine_constants.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-
-#include "text/engine_constants.h"
 
 namespace wordengine {
 
@@ -29,7 +29,8 @@ public:
         copyPositions(other);
         // One more than the count: the 0 behind the words.
         const int copied = std::min(other.outputtedCodePointCount_ + 1, WORD_LENGTH_LIMIT);
-        std::memcpy(codePointBuf_, other.codePointBuf_, static_cast<size_t>(copied) * sizeof(codePointBuf_[0]));
+        std::memcpy(codePointBuf_, other.codePointBuf_,
+                    static_cast<size_t>(copied) * sizeof(codePointBuf_[0]));
     }
 
     /// For the root of a next word: a space, and the next word begins behind it.

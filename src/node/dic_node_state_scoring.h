@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
-#include <cstdint>
-
 #include "node/error_type_utils.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
+#include <cstdint>
 
 namespace wordengine {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "node/dic_node.h"
+
 #include <cassert>
 #include <cstddef>
 #include <vector>
-
-#include "node/dic_node.h"
 
 namespace wordengine {
 
@@ -21,11 +21,23 @@ public:
         if (dicNodes_.size() < size) dicNodes_.resize(size);
     }
 
-    /// Empties and unlocks.
+    /// Empties, unlocks and drops the filter.
     void clear() {
         size_ = 0;
+        rejectedCount_ = 0;
         isLocked_ = false;
+        accepts_ = nullptr;
     }
+
+    /// Until `clear`, children are taken only if `accepts(context, first code point)`: most children of
+    /// most nodes are of no use, and it is the making of nodes that costs time.
+    void setFilter(bool (*accepts)(const void* context, int codePoint), const void* context) {
+        accepts_ = accepts;
+        filterContext_ = context;
+    }
+
+    /// Children that the filter turned away.
+    int getRejectedCount() const { return rejectedCount_; }
 
     [[nodiscard]] int getSizeAndLock() {
         isLocked_ = true;
@@ -33,19 +45,19 @@ public:
     }
 
     /// The next code point inside `parent`'s dictionary node.
-    void pushPassingChild(const DicNode* parent) { nextSlot()->initAsPassingChild(parent); }
+    void pushPassingChild(const DicNode* parent) {
+        if (isWanted(parent->getPassingCodePoint())) nextSlot()->initAsPassingChild(parent);
+    }
 
     /// A child of `parent`, which stands at the end of its dictionary node.
     void pushLeavingChild(const DicNode* parent, int ptNodePos, int childrenPtNodeArrayPos, int probability,
                           bool isTerminal, bool hasChildren, bool isBlacklistedOrNotAWord,
                           int mergedNodeCodePointCount, const int* mergedNodeCodePoints) {
+        if (mergedNodeCodePoints && !isWanted(mergedNodeCodePoints[0])) return;
         nextSlot()->initAsChild(parent, ptNodePos, childrenPtNodeArrayPos, probability, isTerminal,
                                 hasChildren, isBlacklistedOrNotAWord, mergedNodeCodePointCount,
                                 mergedNodeCodePoints);
     }
-
-    /// A copy of `dicNode`, which may lie in another vector but not in this one.
-    void pushCopy(const DicNode* dicNode) { nextSlot()->initByCopy(dicNode); }
 
     DicNode* operator[](int index) {
         assert(static_cast<size_t>(index) < size_);
@@ -57,6 +69,12 @@ public:
     }
 
 private:
+    bool isWanted(int codePoint) {
+        if (!accepts_ || accepts_(filterContext_, codePoint)) return true;
+        ++rejectedCount_;
+        return false;
+    }
+
     DicNode* nextSlot() {
         assert(!isLocked_);
         if (size_ == dicNodes_.size()) dicNodes_.resize(dicNodes_.size() * 2 + 1);
@@ -66,7 +84,10 @@ private:
     // Slots beyond the size are old nodes, waiting to be overwritten.
     std::vector<DicNode> dicNodes_;
     size_t size_ = 0;
+    int rejectedCount_ = 0;
     bool isLocked_ = false;
+    bool (*accepts_)(const void* context, int codePoint) = nullptr;
+    const void* filterContext_ = nullptr;
 };
 
 }  // namespace wordengine

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/dic_traverse_session.h"
 
-#include <stdexcept>
-
 #include "dictionary/dictionary_header_structure_policy.h"
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "dictionary/prev_words_info.h"
 #include "search/dictionary.h"
+
+#include <stdexcept>
 
 namespace wordengine {
 

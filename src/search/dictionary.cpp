@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/dictionary.h"
 
-#include <utility>
-
 #include "dictionary/ngram_listener.h"
 #include "dictionary/prev_words_info.h"
 #include "search/dic_traverse_session.h"
@@ -15,6 +13,8 @@
 #include "text/diagnostics.h"
 #include "text/engine_constants.h"
 #include "text/time_keeper.h"
+
+#include <utility>
 
 namespace wordengine {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <memory>
-
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "search/suggest_interface.h"
+
+#include <memory>
 
 namespace wordengine {
 

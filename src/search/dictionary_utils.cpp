@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/dictionary_utils.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "dictionary/dic_node_utils.h"
 #include "dictionary/dictionary_header_structure_policy.h"
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
@@ -11,6 +8,9 @@
 #include "text/char_utils.h"
 #include "text/digraph_utils.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace wordengine {
 

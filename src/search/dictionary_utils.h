@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "node/dic_node.h"
+
+#include <vector>
 
 namespace wordengine {
 

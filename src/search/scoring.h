@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstddef>
-
 #include "node/error_type_utils.h"
+
+#include <cstddef>
 
 namespace wordengine {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "node/dic_node.h"
 #include "node/dic_node_vector.h"
+
+#include <vector>
 
 namespace wordengine {
 

@@ -23,26 +23,55 @@ namespace {
 /// thousands of fitting children, would keep it busy for hours.
 constexpr int MAX_CHILDREN_EXAMINED = 30000000;
 
-/// Fills the vector with the node's children and returns their number.
-int fetchChildren(DicTraverseSession* session, const DicNode* dicNode, DicNodeVector* outChildren) {
+/// A letter as seen from one input point, for filters.
+struct PointView {
+    const ProximityInfoState* state;
+    int pointIndex;
+};
+
+/// Near enough to the point to have been meant by it.
+bool isNearPoint(const void* pointView, int codePoint) {
+    const auto* const view = static_cast<const PointView*>(pointView);
+    const ProximityType type = view->state->getProximityType(view->pointIndex, codePoint, true);
+    return type == PROXIMITY_MATCH || type == PROXIMITY_NEAR || type == PROXIMITY_ADDITIONAL;
+}
+
+bool isPrimaryLetterOfPoint(const void* pointView, int codePoint) {
+    const auto* const view = static_cast<const PointView*>(pointView);
+    return view->state->getPrimaryCodePointAt(view->pointIndex) == codePoint;
+}
+
+/// A letter that was left out.
+struct OmissionView {
+    const Traversal* traversal;
+    const DicTraverseSession* session;
+    const DicNode* omittedDicNode;
+};
+
+bool mayFollowOmission(const void* omissionView, int codePoint) {
+    const auto* const view = static_cast<const OmissionView*>(omissionView);
+    return view->traversal->isPossibleOmissionCodePoint(view->session, view->omittedDicNode, codePoint);
+}
+
+using LetterFilter = bool (*)(const void* view, int codePoint);
+
+/// Fills the vector with the node's children, those that pass the filter if there is one, and returns
+/// their number.
+int fetchChildren(DicTraverseSession* session, const DicNode* dicNode, DicNodeVector* outChildren,
+                  LetterFilter filter = nullptr, const void* view = nullptr) {
     outChildren->clear();
-    if (session->getStatistics().childrenExamined > MAX_CHILDREN_EXAMINED) return 0;
+    SearchStatistics* const statistics = session->getMutableStatistics();
+    if (statistics->childrenExamined > MAX_CHILDREN_EXAMINED) return 0;
+    if (filter) outChildren->setFilter(filter, view);
     DicNodeUtils::getAllChildDicNodes(dicNode, session->getDictionaryStructurePolicy(), outChildren);
     const int count = outChildren->getSizeAndLock();
-    session->getMutableStatistics()->childrenExamined += count;
+    statistics->childrenExamined += count + outChildren->getRejectedCount();
     return count;
 }
 
 void pushNextActive(DicTraverseSession* session, const DicNode* dicNode) {
     session->getDicTraverseCache()->copyPushNextActive(dicNode);
     ++session->getMutableStatistics()->nodesPushedActive;
-}
-
-/// Near enough to the point that two letters may have been swapped.
-bool isNearPoint(const DicTraverseSession* session, int pointIndex, const DicNode* dicNode) {
-    const ProximityType type = session->getProximityInfoState(0)->getProximityType(
-        pointIndex, dicNode->getNodeCodePoint(), true);
-    return type == PROXIMITY_MATCH || type == PROXIMITY_NEAR || type == PROXIMITY_ADDITIONAL;
 }
 
 }  // namespace
@@ -183,8 +212,7 @@ void Suggest::processTerminalDicNode(DicTraverseSession* session, const DicNode*
     if (!dicNode->hasMatchedOrProximityCodePoints()) return;
     DicNode* const terminalDicNode = &session->getWorkspace()->terminalNode;
     terminalDicNode->initByCopy(dicNode);
-    if (traversal_->needsToTraverseAllUserInput() &&
-        dicNode->getInputIndex(0) < session->getInputSize()) {
+    if (traversal_->needsToTraverseAllUserInput() && dicNode->getInputIndex(0) < session->getInputSize()) {
         Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TERMINAL_INSERTION, session, nullptr,
                                                terminalDicNode, session->getMultiBigramMap());
     }
@@ -235,27 +263,25 @@ void Suggest::processDicNodeAsDigraph(DicTraverseSession* session, DicNode* chil
     processExpandedDicNode(session, childDicNode);
 }
 
-/// `dicNode` is the letter that was left out; the letters behind it are tried at its point.
+/// `dicNode` is the letter that was left out; the letters behind it are tried at its point. Those that do
+/// not fit are left out before they are charged: nobody sees what they would have cost.
 void Suggest::processDicNodeAsOmission(DicTraverseSession* session, const DicNode* dicNode) const {
     DicNodeVector& children = session->getWorkspace()->omissionChildren;
-    const int childCount = fetchChildren(session, dicNode, &children);
+    const OmissionView omission{traversal_, session, dicNode};
+    const int childCount = fetchChildren(session, dicNode, &children, mayFollowOmission, &omission);
     for (int i = 0; i < childCount; ++i) {
-        DicNode* const childDicNode = children[i];
-        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_OMISSION, session, dicNode,
-                                               childDicNode, nullptr);
-        weightChildNode(session, childDicNode);
-        if (!traversal_->isPossibleOmissionChildNode(session, dicNode, childDicNode)) continue;
-        processExpandedDicNode(session, childDicNode);
+        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_OMISSION, session, dicNode, children[i],
+                                               nullptr);
+        weightChildNode(session, children[i]);
+        processExpandedDicNode(session, children[i]);
     }
 }
 
 void Suggest::processDicNodeAsInsertion(DicTraverseSession* session, const DicNode* dicNode) const {
-    const int pointIndex = dicNode->getInputIndex(0);
-    const int nextCodePoint = session->getProximityInfoState(0)->getPrimaryCodePointAt(pointIndex + 1);
+    const PointView nextPoint{session->getProximityInfoState(0), dicNode->getInputIndex(0) + 1};
     DicNodeVector& children = session->getWorkspace()->insertionChildren;
-    const int childCount = fetchChildren(session, dicNode, &children);
+    const int childCount = fetchChildren(session, dicNode, &children, isPrimaryLetterOfPoint, &nextPoint);
     for (int i = 0; i < childCount; ++i) {
-        if (children[i]->getNodeCodePoint() != nextCodePoint) continue;
         Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_INSERTION, session, dicNode,
                                                children[i], nullptr);
         processExpandedDicNode(session, children[i]);
@@ -263,20 +289,19 @@ void Suggest::processDicNodeAsInsertion(DicTraverseSession* session, const DicNo
 }
 
 void Suggest::processDicNodeAsTransposition(DicTraverseSession* session, const DicNode* dicNode) const {
-    const int pointIndex = dicNode->getInputIndex(0);
+    const PointView point{session->getProximityInfoState(0), dicNode->getInputIndex(0)};
+    const PointView nextPoint{point.state, point.pointIndex + 1};
     DicNodeVector& firstChildren = session->getWorkspace()->transpositionFirstChildren;
     DicNodeVector& secondChildren = session->getWorkspace()->transpositionSecondChildren;
-    const int firstCount = fetchChildren(session, dicNode, &firstChildren);
+    const int firstCount = fetchChildren(session, dicNode, &firstChildren, isNearPoint, &nextPoint);
     for (int i = 0; i < firstCount; ++i) {
         const DicNode* const first = firstChildren[i];
-        if (!isNearPoint(session, pointIndex + 1, first) || !first->hasChildren()) continue;
-        const int secondCount = fetchChildren(session, first, &secondChildren);
+        if (!first->hasChildren()) continue;
+        const int secondCount = fetchChildren(session, first, &secondChildren, isNearPoint, &point);
         for (int j = 0; j < secondCount; ++j) {
-            DicNode* const second = secondChildren[j];
-            if (!isNearPoint(session, pointIndex, second)) continue;
             Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TRANSPOSITION, session, first,
-                                                   second, nullptr);
-            processExpandedDicNode(session, second);
+                                                   secondChildren[j], nullptr);
+            processExpandedDicNode(session, secondChildren[j]);
         }
     }
 }

@@ -11,9 +11,7 @@ public:
     bool isGesture() const { return getBoolOption(IS_GESTURE); }
     bool blockOffensiveWords() const { return getBoolOption(BLOCK_OFFENSIVE_WORDS); }
 
-    bool getBoolOption(int key) const {
-        return options_ && key >= 0 && key < length_ && options_[key] != 0;
-    }
+    bool getBoolOption(int key) const { return options_ && key >= 0 && key < length_ && options_[key] != 0; }
 
 private:
     static constexpr int IS_GESTURE = 0;

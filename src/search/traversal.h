@@ -43,6 +43,9 @@ public:
                                              const DicNode* parentDicNode, const DicNode* dicNode) const = 0;
     /// Whether the word that ends here is common enough to be followed by another one.
     virtual bool isGoodToTraverseNextWord(const DicNode* dicNode) const = 0;
+    /// `isPossibleOmissionChildNode` for a node of that letter, asked before the node is made.
+    virtual bool isPossibleOmissionCodePoint(const DicTraverseSession* traverseSession,
+                                             const DicNode* parentDicNode, int codePoint) const = 0;
 
     virtual ~Traversal() = default;
     Traversal(const Traversal&) = delete;

@@ -13,10 +13,10 @@ void Weighting::addCostAndForwardInputIndex(const Weighting* weighting, Correcti
                                             MultiBigramMap* multiBigramMap) {
     const int inputSize = traverseSession->getInputSize();
     DicNode_InputStateG inputStateG;
-    const float spatialCost = getSpatialCost(weighting, correctionType, traverseSession, parentDicNode,
-                                             dicNode, &inputStateG);
-    const float languageCost = getLanguageCost(weighting, correctionType, traverseSession, parentDicNode,
-                                               dicNode, multiBigramMap);
+    const float spatialCost =
+        getSpatialCost(weighting, correctionType, traverseSession, parentDicNode, dicNode, &inputStateG);
+    const float languageCost =
+        getLanguageCost(weighting, correctionType, traverseSession, parentDicNode, dicNode, multiBigramMap);
     const ErrorTypeUtils::ErrorType errorType =
         weighting->getErrorType(correctionType, traverseSession, parentDicNode, dicNode);
     if (!inputStateG.needsToUpdateInputStateG) {

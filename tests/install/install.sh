@@ -40,6 +40,10 @@ try_host() {
 
 quietly cmake --install "$VORPEL_BUILD_DIR" --prefix "$scratch/shared_prefix"
 try_host shared "$scratch/shared_prefix"
+for header in $(cd "$scratch/shared_prefix/include" && find vorpel -name '*.h'); do
+    echo "#include <$header>" >"$scratch/alone.cpp"
+    quietly g++ -std=c++20 -fsyntax-only -I"$scratch/shared_prefix/include" "$scratch/alone.cpp"
+done
 inner=$(nm -DC --defined-only "$scratch/shared_prefix/lib/libvorpel.so" | grep -E ' [TDRB] .*wordengine::' || true)
 [ -z "$inner" ] || fail "the library exports what is not its face: $inner"
 if [ "$expected" = the ]; then

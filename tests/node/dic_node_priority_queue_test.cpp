@@ -83,9 +83,9 @@ public:
         const float distance = static_cast<float>(pick(0, 3)) * 0.1f + static_cast<float>(pick(0, 3)) * 6e-7f;
         std::vector<int> word(static_cast<size_t>(pick(1, 3)));
         for (int& codePoint : word) codePoint = pick('a', 'b');
-        return makeNode(id, distance, word,
-                        pick(0, 4) == 0 ? ErrorTypeUtils::MATCH_WITH_CASE_ERROR
-                                        : ErrorTypeUtils::EDIT_CORRECTION);
+        return makeNode(
+            id, distance, word,
+            pick(0, 4) == 0 ? ErrorTypeUtils::MATCH_WITH_CASE_ERROR : ErrorTypeUtils::EDIT_CORRECTION);
     }
 
 private:

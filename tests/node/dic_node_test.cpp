@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "node/dic_node.h"
 
+#include "node/dic_node_vector.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 #include <vector>
-
-#include "node/dic_node_vector.h"
 
 namespace wordengine {
 namespace {

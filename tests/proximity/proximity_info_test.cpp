@@ -253,7 +253,7 @@ TEST(ProximityInfoEdges, unusableSizesGiveALayoutThatAnswers) {
         const auto info = layout.build();
         int slots[16];
         for (const int x : extremes) {
-            ProximityInfoUtils::buildProximityCodePoints(*info, 'e', x, -x / 2, slots);
+            ProximityInfoUtils::buildProximityCodePoints(*info, 'e', x, -(x / 2), slots);
             EXPECT_EQ(slots[0], 'e');
             info->hasSpaceProximity(x, 1);
             EXPECT_FALSE(std::isnan(info->getNormalizedSquaredDistanceFromCenterFloatG(0, x, 7, true)));

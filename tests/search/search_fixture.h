@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "dictionary/prev_words_info.h"
 #include "proximity/layouts.h"
 #include "search/dic_traverse_session.h"
@@ -16,6 +10,15 @@
 #include "support/plain_dictionary.h"
 #include "text/diagnostics.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace wordengine::testing {
 
 struct FoundWord {
@@ -24,6 +27,9 @@ struct FoundWord {
     int type;
 
     bool operator==(const FoundWord&) const = default;
+    friend std::ostream& operator<<(std::ostream& stream, const FoundWord& word) {
+        return stream << ::testing::PrintToString(word.text) << ' ' << word.score << ' ' << word.type;
+    }
 };
 
 /// A typed word: letters, and where they were touched.
@@ -76,8 +82,9 @@ public:
     static std::vector<FoundWord> wordsOf(const SuggestionResults& results) {
         std::vector<FoundWord> words;
         for (const SuggestedWord& word : results.getSuggestionsVector()) {
-            words.push_back({std::u32string(word.getCodePoint(), word.getCodePoint() + word.getCodePointCount()),
-                             word.getScore(), word.getType()});
+            words.push_back(
+                {std::u32string(word.getCodePoint(), word.getCodePoint() + word.getCodePointCount()),
+                 word.getScore(), word.getType()});
         }
         std::reverse(words.begin(), words.end());
         return words;

@@ -191,14 +191,16 @@ TEST(GeometryFiles, realsAndIntegersStandInForEachOther) {
 
 TEST(GeometryFiles, damagedCopiesLoadOrFailAsTold) {
     TemporaryFolder folder;
-    const std::string whole = Json::FastWriter().write(geometryOf("abc"));
+    Json::Value root = geometryOf("ab");
+    root["proximityCharsArray"].resize(5);
+    const std::string whole = Json::FastWriter().write(root);
     int loaded = 0;
     for (size_t length = 0; length <= whole.size(); ++length) {
         loaded += failureOf(folder, whole.substr(0, length)).empty() ? 1 : 0;
     }
     EXPECT_GE(loaded, 1);
     EXPECT_LE(loaded, 2) << "with or without the last line end";
-    for (size_t at = 0; at < whole.size(); at += 3) {
+    for (size_t at = 0; at < whole.size(); at += 11) {
         for (const char damage : {'9', '-', '"', '\0', '\xFF', '}'}) {
             std::string copy = whole;
             copy[at] = damage;
@@ -243,7 +245,7 @@ TEST(LiveProximityProvider, framesGiveSweetSpotsAndFilesGiveLists) {
         EXPECT_EQ(lower->getGridWidth(), 32);
         EXPECT_EQ(lower->getProximityCharsOfCell(25, 0).size(), 16u);
         EXPECT_TRUE(lower->getProximityCharsOfCell(35, 0).empty()) << "the shorter list counts for both";
-        if (count < 3) continue;
+        if (count != 3 && count != 30) continue;
         EXPECT_NE(provider->getProximity('A'), lower);
         EXPECT_EQ(provider->getProximity('A')->getOriginalCodePointOf(0), 'A');
         const KeyCoordinate* const b = provider->getKeyCoordinate('b');

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "dictionary/dictionary_header_structure_policy.h"
 #include "dictionary/dictionary_shortcuts_structure_policy.h"
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
@@ -15,6 +9,12 @@
 #include "node/dic_node_vector.h"
 #include "text/char_utils.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace wordengine::testing {
 
@@ -54,7 +54,10 @@ public:
 
     explicit PlainDictionary(Chains chains = Chains::Merged) : shortcuts_(this), chains_(chains) {}
     PlainDictionary(PlainDictionary&& other)
-        : header(std::move(other.header)), nodes_(std::move(other.nodes_)), shortcuts_(this), chains_(other.chains_) {}
+        : header(std::move(other.header)),
+          nodes_(std::move(other.nodes_)),
+          shortcuts_(this),
+          chains_(other.chains_) {}
 
     /// A word may be added again to change its probability.
     PlainDictionary& word(const std::u32string& text, int probability, bool isNotAWord = false) {
@@ -83,7 +86,8 @@ public:
         for (const auto& [codePoint, child] : nodeAt(dicNode->getChildrenPtNodeArrayPos()).children) {
             CodePoints merged{codePoint};
             int last = child;
-            while (chains_ == Chains::Merged && !nodeAt(last).isTerminal && nodeAt(last).children.size() == 1) {
+            while (chains_ == Chains::Merged && !nodeAt(last).isTerminal &&
+                   nodeAt(last).children.size() == 1) {
                 merged.push_back(nodeAt(last).children.begin()->first);
                 last = nodeAt(last).children.begin()->second;
             }
@@ -117,8 +121,9 @@ public:
     }
 
     int getProbability(int unigramProbability, int bigramProbability) const override {
-        return unigramProbability == NO_PROBABILITY || bigramProbability == NO_PROBABILITY ? unigramProbability
-                                                                                           : bigramProbability;
+        return unigramProbability == NO_PROBABILITY || bigramProbability == NO_PROBABILITY
+                   ? unigramProbability
+                   : bigramProbability;
     }
 
     int getProbabilityOfPtNode(const int* prevWordsPtNodePos, int ptNodePos) const override {

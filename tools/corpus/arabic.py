@@ -4,8 +4,8 @@
 
     tools/corpus/arabic.py --packages build/packages --out build/sources/ar [--exclude HASHES]
 
-Writes NAME.words.tsv and NAME.pairs.tsv for each source, and the lists vocabulary.tsv, floor.tsv, forms.tsv,
-dropped.txt, alef-*.tsv and second.tsv. The same packages give the same bytes. A package that is not there is left out.
+Writes NAME.words.tsv for each source, pairs.tsv of them all, and the lists vocabulary.tsv, floor.tsv, forms.tsv,
+dropped.txt, alef-*.tsv, exact.tsv and second.tsv. The same packages give the same bytes. A package that is not there is left out.
 """
 from __future__ import annotations
 
@@ -33,7 +33,9 @@ READERS: dict[str, tuple[str, Callable[[Path], Iterator[str]]]] = {
 # The share of all text that the hand-written paradigms cover; their sections are written as if it were everything.
 FORMS_SHARE = .4
 STRENGTHS = range(30, 211, 15)
-LOOSE_ENDINGS = 20000
+LOOSE_ENDINGS, NEEDLESS_HAMZAS = 20000, 4000
+WORDS = 130000
+OFFENSIVE = 1e-5
 
 
 def write(path: Path, lines: Iterable[str]) -> None:
@@ -47,10 +49,21 @@ def write_numbers(path: Path, numbers: Mapping[str, float]) -> None:
     write(path, (f"{word}\t{number:.4g}" for word, number in numbers.items()))
 
 
+def general_pairs(sources: Iterable[Mapping[tuple[str, str], int]]) -> Counter[tuple[str, str]]:
+    """The pairs of all sources. One that a single source repeats is a phrase of that program, and counts once."""
+    total: Counter[tuple[str, str]] = Counter()
+    spread: Counter[tuple[str, str]] = Counter()
+    for pairs in sources:
+        total.update(pairs)
+        spread.update(pairs.keys())
+    return Counter({pair: number if spread[pair] > 1 else 1 for pair, number in total.items()})
+
+
 def read_sources(packages: Path, exclusion: arabic_text.Exclusion,
                  out: Path) -> dict[str, Mapping[str, float]]:
     """Count every source, write its counts, and return the words of those that are there."""
     counts: dict[str, Mapping[str, float]] = {}
+    source_pairs: list[Counter[tuple[str, str]]] = []
     for name, (package, reader) in READERS.items():
         words, pairs = arabic_text.count(reader(packages / package), exclusion)
         if not words:
@@ -58,7 +71,8 @@ def read_sources(packages: Path, exclusion: arabic_text.Exclusion,
             continue
         counts[name] = words
         write(out / f"{name}.words.tsv", (f"{word}\t{number}" for word, number in words.items()))
-        write(out / f"{name}.pairs.tsv", (f"{first}\t{second}\t{n}" for (first, second), n in pairs.items()))
+        source_pairs.append(pairs)
+    write(out / "pairs.tsv", (f"{first}\t{second}\t{n}" for (first, second), n in general_pairs(source_pairs).items()))
     moved = arabic_sources.transfer(packages / "dict-freedict-eng-ara", arabic_sources.english_counts(packages))
     if moved:
         counts["transfer"] = moved
@@ -74,22 +88,27 @@ def hand_written() -> dict[str, float]:
     for name in ("verbs.txt", "nouns.txt", "names.txt"):
         for form, probability in arabic_forms.forms_of(DATA / name).items():
             forms[form] += FORMS_SHARE * probability
+    # Words all the same: what is never offered must not be corrected away either.
+    for line in (DATA / "offensive.txt").read_text(encoding="utf-8").splitlines():
+        if line and not line.startswith("#"):
+            forms[line] += OFFENSIVE
     return {form: p for form, p in forms.items() if arabic_text.is_word(form)}
 
 
 def write_corrections(out: Path, loose: arabic_lists.LooseSpelling) -> None:
-    for level in (1, *STRENGTHS):
+    for level in (loose.EXACT, *STRENGTHS):
         lines = loose.by_strength.get(level, {})
-        name = "endings.tsv" if level == 1 else f"alef-{level}.tsv"
+        name = "exact.tsv" if level == loose.EXACT else f"alef-{level}.tsv"
         write(out / name, (f"{typed}\t{intended}" for typed, intended in lines.items()))
     write(out / "second.tsv", ("\t".join((typed, *words)) for typed, words in loose.second.items()))
     write(out / "dropped.txt", loose.dropped)
 
 
-def hand_corrected() -> set[str]:
-    """The typed forms of data/ar/corrections.tsv: people's work comes before the rules'."""
+def hand_corrected() -> dict[str, str]:
+    """What data/ar/corrections.tsv settles: people's work comes before the rules'."""
     lines = (DATA / "corrections.tsv").read_text(encoding="utf-8").splitlines()
-    return {line.split("\t")[0] for line in lines if line and not line.startswith("#")}
+    fields = (line.split("\t") for line in lines if line and not line.startswith("#"))
+    return {typed: intended for typed, intended, *_ in fields}
 
 
 def make(packages: Path, out: Path, exclusion: arabic_text.Exclusion) -> None:
@@ -119,13 +138,21 @@ def make(packages: Path, out: Path, exclusion: arabic_text.Exclusion) -> None:
         probabilities[word] = max(floor, probabilities.get(word, 0.0))
 
     rejected = set(probabilities) - (valid(probabilities) if valid else set(probabilities))
+    for word in sorted(rejected):
+        bare = arabic_text.bare_alef(word)
+        # A hamza too many, as in "الإستخدام".
+        if bare != word and bare in probabilities and bare not in rejected and word not in seed and word not in forms:
+            del probabilities[word]
+    probabilities = arabic_lists.most_probable(probabilities, seed, WORDS)
+
     loose = arabic_lists.LooseSpelling(probabilities, seed, rejected, hand_corrected())
     loose.add_alefs()
     loose.add_endings(LOOSE_ENDINGS)
+    loose.add_needless_hamzas(NEEDLESS_HAMZAS)
     write_corrections(out, loose)
-    write(out / "vocabulary.tsv", kept)
-    write_numbers(out / "forms.tsv", forms)
-    write_numbers(out / "floor.tsv", floors)
+    write(out / "vocabulary.tsv", kept & set(probabilities))
+    write_numbers(out / "forms.tsv", {word: p for word, p in forms.items() if word in probabilities})
+    write_numbers(out / "floor.tsv", {word: p for word, p in floors.items() if word in probabilities})
 
 
 def main() -> int:

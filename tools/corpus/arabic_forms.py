@@ -122,7 +122,7 @@ def verb_forms(verb: Verb) -> Counter[str]:
         add(_first_person(jussive), .02)
     for before, ending, share in _ENDINGS:
         for form in _joined(before + _open(present), ending):
-            add(form, share, ending == "وا" or before + ending == "تي", _SECOND if before == "ت" else ())
+            add(form, share, True, _SECOND if before in ("ت", "ست") else ())
     if verb.imperative:
         add(verb.imperative, .03, True, _SECOND)
         hollow = jussive != present and present[-1] not in "يىو"

@@ -3,9 +3,10 @@
 from __future__ import annotations
 
 import math
+import re
 from collections import Counter, defaultdict
 from pathlib import Path
-from typing import Iterable, Mapping
+from typing import Callable, Iterable, Mapping
 
 import arabic_text
 from arabic_spelling import Checker
@@ -15,10 +16,14 @@ _FUNCTION, _NAME, _LISTED, _ENTRY = 2e-7, 2e-8, 5e-9, 1e-9
 _VERB_SHARE, _VERB_MOST = .01, 5e-7
 _PREFIXES = {"و": .03, "ال": .03, "ب": .02, "ل": .02, "ف": .006, "وال": .01, "بال": .01, "لل": .01, "س": .01}
 _PREFIXED_WORDS = 4000
-# A bare spelling that is a word itself gives way to one with a hamza that is this much more usual: about half
-# of the people leave the hamza out, and the frequencies of rare words are little known.
-_GIVE_WAY = 4.0
+# A bare spelling that is a word itself gives way to one with a hamza that is this much more usual, and not rare:
+# about half of the people leave the hamza out, and the frequencies of rare words are little known.
+_GIVE_WAY, _NOT_RARE = 4.0, 1e-6
+# What is offered beside a word has to be worth its place.
+_WORTH = 1e-7
 _STRENGTH_STEP = 15
+# Derived verbs and their nouns (استخدم، الاجتماع), which people like to write with a hamza.
+_PLAIN_ALEF = re.compile("(?:[وفبل]?ال|[وفبل])?ا(?!ل)(?=...)")
 
 
 def read_seed(path: Path) -> dict[str, float]:
@@ -81,20 +86,29 @@ def prefixed(probabilities: Mapping[str, float], seed: Mapping[str, float], vali
     return {word: p for word, p in candidates.items() if word in kept and arabic_text.is_word(word)}
 
 
-class LooseSpelling:
-    """Corrections of words typed without the hamza of an alef, and with the look-alikes of the last letter.
+def most_probable(probabilities: Mapping[str, float], seed: Mapping[str, float], most: int) -> dict[str, float]:
+    """The words that come into the dictionary: those written by hand, and the most probable others."""
+    order = sorted(probabilities, key=lambda word: (word not in seed, -probabilities[word], word))
+    return {word: probabilities[word] for word in order[:most]}
 
-    `by_hand` are typed spellings that people have settled already. `dropped` are spellings that leave the vocabulary for them, `by_strength` the lines of correction by the
+
+class LooseSpelling:
+    """Corrections of words typed without the hamza of an alef, and of other spellings that people mix up.
+
+    `by_hand` are the corrections that people have settled already, `rejected` what the spelling checker refuses.
+    `dropped` are spellings that leave the vocabulary for a correction, `by_strength` the lines of correction by the
     probability that their entry should have, `second` what is to be offered beside.
     """
 
+    EXACT = 1  # strength of a correction that is meant for just this spelling
+
     def __init__(self, probabilities: Mapping[str, float], protected: Iterable[str], rejected: set[str],
-                 by_hand: Iterable[str]) -> None:
+                 by_hand: Mapping[str, str]) -> None:
         self._p = probabilities
-        self._by_hand = set(by_hand)
         self._protected = set(protected)
         self._rejected = rejected
-        self.dropped = {typed for typed in self._by_hand if typed in probabilities}
+        self._by_hand = by_hand
+        self.dropped = {typed for typed in by_hand if typed in probabilities}
         self.by_strength: dict[int, dict[str, str]] = defaultdict(dict)
         self.second: dict[str, list[str]] = {}
         self._typed: set[str] = set()
@@ -104,38 +118,48 @@ class LooseSpelling:
             return True
         if typed in self._protected:
             return False
-        return typed in self._rejected or self._p[best] >= _GIVE_WAY * self._p[typed]
+        usual = self._p[best] >= max(_NOT_RARE, _GIVE_WAY * self._p[typed])
+        return typed in self._rejected or usual
 
     def add_alefs(self) -> None:
         """Every word with أ, إ or آ under its bare spelling, whatever the seat of other hamzas."""
         forms: dict[str, list[str]] = defaultdict(list)
         for word in self._p:
             typed = arabic_text.bare_alef(word)
-            if typed != word:
+            if typed != word and word not in self._by_hand:
                 forms[typed].append(word)
         for typed, words in sorted(forms.items()):
-            words = [word for word in words if word not in self._by_hand]
-            if not words or typed in self._by_hand:
+            words.sort(key=lambda word: (word != self._by_hand.get(typed), -self._p[word], word))
+            if typed in self._by_hand and words[0] != self._by_hand[typed]:
                 continue
-            words.sort(key=lambda word: (-self._p[word], word))
-            if self._gives_way(typed, words[0]):
+            if typed in self._by_hand or self._gives_way(typed, words[0]):
                 self._correct(typed, words[0], strength(self._p[words[0]]))
-                rest = words[1:3]
-            else:
-                rest = words[:2]
+                words = words[1:]
+            rest = [word for word in words if self._p[word] >= _WORTH][:2]
             if rest:
                 self.second[typed] = rest
 
     def add_endings(self, most: int) -> None:
-        """The commonest words in ة or ي typed with ه or ى, as far as that is no word; meant for the exact spelling
-        only, so their entries are weak."""
-        common = sorted((word for word in self._p if word[-1] in "ةي" and len(word) > 2 or word == "في"),
-                        key=lambda word: (-self._p[word], word))[:most]
-        for word in common:
+        """The commonest words in ة or ي typed with ه or ى."""
+        for word in self._commonest(most, lambda word: word[-1] in "ةي"):
             loose = word[:-1] + ("ه" if word[-1] == "ة" else "ى")
             for typed in (loose, arabic_text.bare_alef(loose)):
-                if not any(typed in known for known in (self._p, self._typed, self._by_hand)):
-                    self._correct(typed, word, 1)
+                self._correct_exactly(typed, word)
+
+    def add_needless_hamzas(self, most: int) -> None:
+        """The commonest words that begin with a plain alef, behind the article too, typed with a hamza on it."""
+        for word in self._commonest(most, lambda word: _PLAIN_ALEF.match(word) is not None):
+            at = _PLAIN_ALEF.match(word).end() - 1
+            for alef in "إأ":
+                self._correct_exactly(word[:at] + alef + word[at + 1:], word)
+
+    def _commonest(self, most: int, wanted: Callable[[str], bool]) -> list[str]:
+        words = (word for word in self._p if word not in self.dropped and wanted(word))
+        return sorted(words, key=lambda word: (-self._p[word], word))[:most]
+
+    def _correct_exactly(self, typed: str, intended: str) -> None:
+        if not any(typed in known for known in (self._p, self._typed, self._by_hand)):
+            self._correct(typed, intended, self.EXACT)
 
     def _correct(self, typed: str, intended: str, level: int) -> None:
         if typed in self._p:

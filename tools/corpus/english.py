@@ -17,17 +17,19 @@ from pathlib import Path
 
 import english_sources as sources
 from common import Counts, Exclusion, Pair, write_probabilities, write_table
-from english_case import CaseModel, Token, capitalised, mark_run
+from english_case import CaseModel, Token, mark_run
 
-WORD = r"(?<!\w)'(?:em|cause|til|tis|twas|bout)(?!\w)|[^\W\d_]+(?:['’][^\W\d_]+)*(?:in'(?!\w))?"
+WORD = r"(?<!\w)'(?:em|cause|til|tis|twas|bout)(?!\w)|[^\W\d_]+(?:['’][^\W\d_]+)*"
 SENTENCE_END = re.compile(r"(?<=[.!?])[\"'”’)\]]*\s+")
 # A run also ends where a digit, a dash or a hyphen stands: "the 3 of us" holds no pair "the of".
 TOKENS = re.compile(rf"({WORD})|(\s+|(?<=\w)['’](?=\s))|(.)")
-SINGLE_LETTERS = frozenset(("a", "A", "I", "o", "O"))
+SINGLE_LETTERS = frozenset(("a", "I", "o"))
 # "X's" that stands for "X is", "X has" or "us" is a word of its own; others are possessives.
 CONTRACTED = frozenset("it's he's she's that's what's who's where's how's there's here's let's when's why's".split())
 SMALLEST_POSSESSIVE_COUNT = 3
 ONBOARD_FLOOR = 1e-8
+LETTER_FLOOR = 1e-8
+LONGEST_WORD = 48  # the dictionary format has no room for more
 ONBOARD_PAIR_UNIT = 500  # the model lists no pair seen less often
 CLAUSE = re.compile(r"[.!?;:]")
 
@@ -120,6 +122,15 @@ def write_onboard(packages: Path, out: Path, floors: dict[str, float]) -> None:
                                             for (first, second), count in kept.items()))
 
 
+def set_letters(floors: dict[str, float]) -> None:
+    """Letters by themselves ("vitamin c", "how r u") are left alone, but too rare to be split off a word."""
+    for letter in "abcdefghijklmnopqrstuvwxyz":
+        if letter not in SINGLE_LETTERS:
+            floors[letter] = LETTER_FLOOR
+        if letter.upper() not in SINGLE_LETTERS:
+            floors.pop(letter.upper(), None)
+
+
 def extract(packages: Path, out: Path, exclusion: Exclusion) -> list[str]:
     """Write all tables; returns the names of the sources that were empty."""
     floors = sources.scowl_floors(packages)
@@ -139,11 +150,8 @@ def extract(packages: Path, out: Path, exclusion: Exclusion) -> list[str]:
     for word in possessives:
         floors[word] = ONBOARD_FLOOR
     write_onboard(packages, out, floors)
-    for letter in "abcdefghijklmnopqrstuvwxyz":
-        for form in (letter, capitalised(letter)):
-            if form not in SINGLE_LETTERS:
-                floors.pop(form, None)
-    write_probabilities(out / "vocabulary.tsv", floors)
+    set_letters(floors)
+    write_probabilities(out / "vocabulary.tsv", {word: p for word, p in floors.items() if len(word) <= LONGEST_WORD})
     return [name for name, runs in texts.items() if not runs]
 
 

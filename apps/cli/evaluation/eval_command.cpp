@@ -8,7 +8,6 @@
 #include "commands.h"
 #include "compiler/dictionary_listing.h"
 #include "evaluation/evaluation_set.h"
-#include "language_options.h"
 #include "evaluation/latencies.h"
 #include "evaluation/sentence_measures.h"
 #include "evaluation/typing_measures.h"
@@ -17,13 +16,6 @@
 namespace vorpel::cli {
 
 namespace {
-
-struct EvalArguments {
-    LanguageChoice choice;
-    std::string set;
-    std::string missesFile;
-    bool json = false;
-};
 
 const std::string ALL_ROWS = "all";
 const std::string FOLDED_SUFFIX = " (hamza folded)";
@@ -126,6 +118,8 @@ void printForPerson(const Json::Value& result) {
     }
 }
 
+}  // namespace
+
 int evaluate(const EvalArguments& arguments) {
     const LanguageFiles files = findLanguageFiles(arguments.choice);
     Latencies latencies;
@@ -138,22 +132,6 @@ int evaluate(const EvalArguments& arguments) {
         printForPerson(result);
     }
     return 0;
-}
-
-}  // namespace
-
-void addEvalCommand(CLI::App& app, Action& action) {
-    auto arguments = std::make_shared<EvalArguments>();
-    CLI::App* command = app.add_subcommand("eval", "Accuracy and savings on a set of typed words or sentences");
-    command->footer(
-        "Example: vorpel eval --set misspellings.tsv\n"
-        "A .tsv has a header line with the columns typed and intended, and perhaps level or source, prev and\n"
-        "points; a .txt has a sentence a line. Shares are in percent.");
-    addLanguageOptions(*command, arguments->choice);
-    command->add_option("--set", arguments->set, "the set")->required();
-    command->add_option("--misses", arguments->missesFile, "write the words that stayed wrong to this file");
-    command->add_flag("--json", arguments->json, "one JSON object");
-    command->callback([arguments, &action] { action = [arguments] { return evaluate(*arguments); }; });
 }
 
 }  // namespace vorpel::cli

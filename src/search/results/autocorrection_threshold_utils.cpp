@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/results/autocorrection_threshold_utils.h"
 
-#include <algorithm>
-
 #include "text/damerau_levenshtein_edit_distance_policy.h"
 #include "text/edit_distance.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
 
 namespace wordengine {
 

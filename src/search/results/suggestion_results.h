@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "search/results/suggested_word.h"
+
 #include <queue>
 #include <vector>
-
-#include "search/results/suggested_word.h"
 
 namespace wordengine {
 

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/results/suggestions_output_utils.h"
 
-#include <algorithm>
-#include <limits>
-#include <vector>
-
 #include "dictionary/binary_dictionary_shortcut_iterator.h"
 #include "dictionary/dictionary_header_structure_policy.h"
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
@@ -15,6 +11,10 @@
 #include "search/scoring.h"
 #include "search/suggest_options.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
 
 namespace wordengine {
 
@@ -48,10 +48,9 @@ void outputWord(const DicTraverseSession* session, const DicNode* terminalDicNod
         outputSecondWordFirstLetterInputIndex
             ? terminalDicNode->getSecondWordFirstInputIndex(session->getProximityInfoState(0))
             : NO_INDEX;
-    outSuggestionResults->addSuggestion(
-        codePoints, terminalDicNode->getTotalNodeCodePointCount(), finalScore,
-        SuggestedWord::KIND_CORRECTION | flags, indexToPartialCommit,
-        SuggestionsOutputUtils::computeFirstWordConfidence(terminalDicNode));
+    outSuggestionResults->addSuggestion(codePoints, terminalDicNode->getTotalNodeCodePointCount(), finalScore,
+                                        SuggestedWord::KIND_CORRECTION | flags, indexToPartialCommit,
+                                        SuggestionsOutputUtils::computeFirstWordConfidence(terminalDicNode));
 }
 
 }  // namespace
@@ -61,10 +60,9 @@ void SuggestionsOutputUtils::outputSuggestions(const Scoring* scoringPolicy,
                                                SuggestionResults* outSuggestionResults) {
     size_t terminalCount = 0;
     const std::vector<DicNode>& terminals = takeTerminals(traverseSession, &terminalCount);
-    const float weight =
-        languageWeight < 0.0f
-            ? scoringPolicy->getAdjustedLanguageWeight(traverseSession, terminals.data(), terminalCount)
-            : languageWeight;
+    const float weight = languageWeight < 0.0f ? scoringPolicy->getAdjustedLanguageWeight(
+                                                     traverseSession, terminals.data(), terminalCount)
+                                               : languageWeight;
     outSuggestionResults->setLanguageWeight(weight);
     // Obvious long inputs of several words are committed as such.
     const bool forceCommitMultiWords =
@@ -83,10 +81,12 @@ void SuggestionsOutputUtils::outputSuggestions(const Scoring* scoringPolicy,
     scoringPolicy->getMostProbableString(traverseSession, weight, outSuggestionResults);
 }
 
-void SuggestionsOutputUtils::outputSuggestionsOfDicNode(
-    const Scoring* scoringPolicy, DicTraverseSession* traverseSession, const DicNode* terminalDicNode,
-    float languageWeight, bool boostExactMatches, bool forceCommitMultiWords,
-    bool outputSecondWordFirstLetterInputIndex, SuggestionResults* outSuggestionResults) {
+void SuggestionsOutputUtils::outputSuggestionsOfDicNode(const Scoring* scoringPolicy,
+                                                        DicTraverseSession* traverseSession,
+                                                        const DicNode* terminalDicNode, float languageWeight,
+                                                        bool boostExactMatches, bool forceCommitMultiWords,
+                                                        bool outputSecondWordFirstLetterInputIndex,
+                                                        SuggestionResults* outSuggestionResults) {
     const float doubleLetterCost = scoringPolicy->getDoubleLetterDemotionDistanceCost(terminalDicNode);
     const float compoundDistance = terminalDicNode->getCompoundDistance(languageWeight) + doubleLetterCost;
     const DictionaryStructureWithBufferPolicy* const policy = traverseSession->getDictionaryStructurePolicy();

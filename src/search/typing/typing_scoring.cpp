@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "search/typing/typing_scoring.h"
 
-#include <limits>
-
 #include "node/dic_node.h"
 #include "search/dic_traverse_session.h"
 #include "search/typing/scoring_params.h"
+
+#include <limits>
 
 namespace wordengine {
 

@@ -70,7 +70,13 @@ int TypingTraversal::getMaxCacheSize(int inputSize) const {
 bool TypingTraversal::isPossibleOmissionChildNode(const DicTraverseSession* traverseSession,
                                                   const DicNode* parentDicNode,
                                                   const DicNode* dicNode) const {
-    const ProximityType type = getProximityType(traverseSession, parentDicNode, dicNode);
+    return isPossibleOmissionCodePoint(traverseSession, parentDicNode, dicNode->getNodeCodePoint());
+}
+
+bool TypingTraversal::isPossibleOmissionCodePoint(const DicTraverseSession* traverseSession,
+                                                  const DicNode* parentDicNode, int codePoint) const {
+    const ProximityType type = traverseSession->getProximityInfoState(0)->getProximityType(
+        parentDicNode->getInputIndex(0), codePoint, true);
     return type == PROXIMITY_MATCH || type == PROXIMITY_NEAR || type == PROXIMITY_ADDITIONAL;
 }
 

@@ -32,6 +32,8 @@ public:
     bool isPossibleOmissionChildNode(const DicTraverseSession* traverseSession, const DicNode* parentDicNode,
                                      const DicNode* dicNode) const override;
     bool isGoodToTraverseNextWord(const DicNode* dicNode) const override;
+    bool isPossibleOmissionCodePoint(const DicTraverseSession* traverseSession, const DicNode* parentDicNode,
+                                     int codePoint) const override;
 
 private:
     static constexpr bool CORRECT_OMISSION = true;

@@ -61,10 +61,9 @@ float TypingWeighting::getMatchedCost(const DicTraverseSession* traverseSession,
                                       DicNode_InputStateG*) const {
     const int pointIndex = dicNode->getInputIndex(0);
     const float distance = getPointToLetterLength(traverseSession, pointIndex, dicNode->getNodeCodePoint());
-    const float weightedDistance =
-        ScoringParams::DISTANCE_WEIGHT_LENGTH *
-        TouchPositionCorrectionUtils::getSweetSpotFactor(traverseSession->isTouchPositionCorrectionEnabled(),
-                                                         distance);
+    const float weightedDistance = ScoringParams::DISTANCE_WEIGHT_LENGTH *
+                                   TouchPositionCorrectionUtils::getSweetSpotFactor(
+                                       traverseSession->isTouchPositionCorrectionEnabled(), distance);
     float cost = 0.0f;
     if (isProximityDicNode(traverseSession, dicNode)) {
         cost = pointIndex == 0 ? ScoringParams::FIRST_CHAR_PROXIMITY_COST : ScoringParams::PROXIMITY_COST;
@@ -92,7 +91,8 @@ float TypingWeighting::getTranspositionCost(const DicTraverseSession* traverseSe
     const float distance1 =
         getPointToLetterLength(traverseSession, pointIndex + 1, parentDicNode->getNodeCodePoint());
     const float distance2 = getPointToLetterLength(traverseSession, pointIndex, dicNode->getNodeCodePoint());
-    return ScoringParams::TRANSPOSITION_COST + (distance1 + distance2) * ScoringParams::DISTANCE_WEIGHT_LENGTH;
+    return ScoringParams::TRANSPOSITION_COST +
+           (distance1 + distance2) * ScoringParams::DISTANCE_WEIGHT_LENGTH;
 }
 
 float TypingWeighting::getInsertionCost(const DicTraverseSession* traverseSession,

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "command_line.h"
+
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "commands.h"
+
+// All that is known of the options library stays in this file: it takes longer to compile than the
+// rest of the tool.
+
+namespace vorpel::cli {
+
+namespace {
+
+constexpr int STATUS_BAD_USAGE = 2;
+
+/// What the chosen command does once the whole line has been read.
+using Action = std::function<int()>;
+
+template <typename Arguments>
+CLI::App* addCommand(CLI::App& app, Action& action, const char* name, const char* description,
+                     const std::string& footer, const std::shared_ptr<Arguments>& arguments,
+                     int (*run)(const Arguments&)) {
+    CLI::App* command = app.add_subcommand(name, description);
+    command->footer(footer);
+    command->callback([&action, arguments, run] { action = [arguments, run] { return run(*arguments); }; });
+    return command;
+}
+
+void addLanguageOption(CLI::App& command, std::string& language) {
+    command.add_option("--language", language, "en or ar")
+        ->check(CLI::IsMember({"en", "ar"}))
+        ->capture_default_str();
+}
+
+void addLanguageOptions(CLI::App& command, LanguageChoice& choice) {
+    addLanguageOption(command, choice.language);
+    command.add_option("--dictionary", choice.dictionary, "a dictionary file in place of the built one");
+    command.add_option("--geometry", choice.geometryFolder,
+                       "a folder of key geometry files in place of the built ones");
+}
+
+void addSuggest(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<SuggestArguments>();
+    CLI::App* command = addCommand(app, action, "suggest", "The words that each typed word may become, ranked",
+                                   "Example: vorpel suggest --previous thank teh yuo\n"
+                                   "An arrow names the word that would replace the typed one.",
+                                   arguments, suggest);
+    addLanguageOptions(*command, arguments->choice);
+    command->add_option("--previous", arguments->previous, "the word before");
+    command->add_flag("--json", arguments->json, "one JSON object a word");
+    command->add_flag("--trace", arguments->trace, "what the search did after each letter");
+    command->add_option("WORD", arguments->words, "what was typed")->required();
+}
+
+void addPredict(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<PredictArguments>();
+    CLI::App* command = addCommand(app, action, "predict", "The words that may follow each word",
+                                   "Example: vorpel predict thank how good", arguments, predict);
+    addLanguageOptions(*command, arguments->choice);
+    command->add_flag("--json", arguments->json, "one JSON object a word");
+    command->add_option("WORD", arguments->words, "the finished word")->required();
+}
+
+void addServe(CLI::App& app, Action& action) {
+    auto choice = std::make_shared<LanguageChoice>();
+    CLI::App* command =
+        addCommand(app, action, "serve", "Answer requests on standard input, one JSON object a line",
+                   "Example: echo '{\"op\":\"suggest\",\"word\":\"teh\",\"prev\":\"\"}' | vorpel serve\n"
+                   "         echo '{\"op\":\"predict\",\"prev\":\"how\",\"lang\":\"en\"}' | vorpel serve",
+                   choice, serve);
+    addLanguageOptions(*command, *choice);
+}
+
+void addDict(CLI::App& app, Action& action) {
+    CLI::App* dict = app.add_subcommand("dict", "Make, describe and check dictionaries");
+    dict->footer("Example: vorpel dict info build/data/en_US.dic");
+    dict->require_subcommand(1);
+    auto arguments = std::make_shared<DictArguments>();
+
+    CLI::App* build = addCommand(
+        *dict, action, "build", "Make a dictionary of what a recipe names",
+        "Example: vorpel dict build data/en/en_US.recipe --sources build/sources/en --out en_US.dic",
+        arguments, buildDict);
+    build->add_option("RECIPE", arguments->file, "what the dictionary is made of")->required();
+    build->add_option("--sources", arguments->sources, "the folder that $SOURCES stands for in the recipe");
+    build->add_option("--out", arguments->out, "the file to write")->required();
+
+    const auto addReader = [&](const char* name, const char* description, const std::string& words,
+                               int (*run)(const DictArguments&)) {
+        CLI::App* reader =
+            addCommand(*dict, action, name, description,
+                       "Example: vorpel dict " + std::string(name) + " build/data/en_US.dic" + words,
+                       arguments, run);
+        reader->add_option("FILE", arguments->file, "the dictionary")->required();
+        return reader;
+    };
+    addReader("info", "The header and the counts", "", describeDict);
+    addReader("words", "Every entry, one a line", "", listDict);
+    addReader("verify", "Check every byte", "", verifyDict);
+    addReader("lookup", "The entries of some words", " the dont", lookUpInDict)
+        ->add_option("WORD", arguments->words, "a word as it is spelled")
+        ->required();
+}
+
+void addGeometry(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<GeometryArguments>();
+    CLI::App* command =
+        addCommand(app, action, "geometry", "Write the geometry file of a page of keys",
+                   "Example: vorpel geometry --language en --page 0 --width 375 --out en_US_P_113.json",
+                   arguments, writeGeometry);
+    addLanguageOption(*command, arguments->language);
+    command->add_option("--page", arguments->page, "the page; 0 is the letters' page, the only one so far")
+        ->check(CLI::Range(0, 0))
+        ->capture_default_str();
+    command->add_option("--width", arguments->width, "in points, of a page held upright")
+        ->check(CLI::Range(320.0, 500.0))
+        ->capture_default_str();
+    command->add_flag("--capitals", arguments->capitals, "the keys with shift held");
+    command->add_option("--out", arguments->out, "the file to write")->required();
+}
+
+void addEval(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<EvalArguments>();
+    CLI::App* command = addCommand(
+        app, action, "eval", "Accuracy and savings on a set of typed words or sentences",
+        "Example: vorpel eval --set misspellings.tsv\n"
+        "A .tsv has a header line with the columns typed and intended, and perhaps level or source, prev and\n"
+        "points; a .txt has a sentence a line. Shares are in percent.",
+        arguments, evaluate);
+    addLanguageOptions(*command, arguments->choice);
+    command->add_option("--set", arguments->set, "the set")->required();
+    command->add_option("--misses", arguments->missesFile, "write the words that stayed wrong to this file");
+    command->add_flag("--json", arguments->json, "one JSON object");
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv) {
+    CLI::App app{"Words as a touch keyboard sees them: corrected, completed and predicted."};
+    app.footer("Example: vorpel suggest teh freind\nEach command has its own --help.");
+    app.set_version_flag("--version", VORPEL_VERSION);
+    app.require_subcommand(1);
+    Action action;
+    addSuggest(app, action);
+    addPredict(app, action);
+    addServe(app, action);
+    addDict(app, action);
+    addGeometry(app, action);
+    addEval(app, action);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        std::fprintf(stderr, "vorpel: %s\n", error.what());
+        return STATUS_BAD_USAGE;
+    }
+    return action();
+}
+
+}  // namespace vorpel::cli
