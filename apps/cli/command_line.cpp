@@ -135,6 +135,8 @@ void addEval(CLI::App& app, Action& action) {
         arguments, evaluate);
     addLanguageOptions(*command, arguments->choice);
     command->add_option("--set", arguments->set, "the set")->required();
+    command->add_option("--every", arguments->every, "take every Nth row only, for a quick look")
+        ->check(CLI::PositiveNumber);
     command->add_option("--misses", arguments->missesFile, "write the words that stayed wrong to this file");
     command->add_flag("--json", arguments->json, "one JSON object");
 }

@@ -54,6 +54,7 @@ struct EvalArguments {
     LanguageChoice choice;
     std::string set;
     std::string missesFile;
+    int every = 1;
     bool json = false;
 };
 int evaluate(const EvalArguments& arguments);

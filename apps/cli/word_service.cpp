@@ -47,7 +47,7 @@ Answer ask(Question&& question) {
 
 std::u32string lettersOf(const std::string& word) {
     const auto letters = wordengine::utf8ToUtf32(word);
-    if (!letters) throw std::runtime_error("\"" + word + "\" is not UTF-8");
+    if (!letters) throw std::runtime_error("the word is not UTF-8");
     return *letters;
 }
 

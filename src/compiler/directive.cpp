@@ -109,6 +109,10 @@ std::optional<std::string> Directive::option(const char* key) {
     return value;
 }
 
+bool Directive::hasOption(const char* key, const char* text) {
+    return std::erase(options_, std::pair<std::string, std::string>(key, text)) > 0;
+}
+
 double Directive::number(const char* key, double fallback, double least, double most) {
     const std::optional<std::string> text = option(key);
     if (!text) return fallback;

@@ -31,6 +31,8 @@ public:
     SourceFile source();
     /// The option's text, or nothing.
     std::optional<std::string> option(const char* key);
+    /// Whether the option has just this text; it is taken only then.
+    bool hasOption(const char* key, const char* text);
     double number(const char* key, double fallback, double least,
                   double most = std::numeric_limits<double>::max());
     int integer(const char* key, int fallback, int least, int most);

@@ -97,7 +97,13 @@ void readPairsSeed(Directive& line, Recipe& recipe) {
 }
 
 void readCorrections(Directive& line, Recipe& recipe) {
-    recipe.corrections.push_back({line.source(), line.integer("probability", 1, 0, 255)});
+    CorrectionsSource source{line.source(), 1};
+    if (line.hasOption("probability", "target")) {
+        source.probability.reset();
+    } else {
+        source.probability = line.integer("probability", 1, 0, 255);
+    }
+    recipe.corrections.push_back(std::move(source));
 }
 
 void readShortcuts(Directive& line, Recipe& recipe) {

@@ -50,7 +50,8 @@ struct PairsSeedSource {
 
 struct CorrectionsSource {
     SourceFile file;
-    int probability = 1;
+    /// Of the typed form; without one it has that of the first word it stands for.
+    std::optional<int> probability = 1;
 };
 
 struct ShortcutsSource {

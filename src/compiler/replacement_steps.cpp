@@ -25,7 +25,7 @@ void ReplacementSteps::readCorrections(const CorrectionsSource& source) {
             return;
         }
         warnOfUnknownWords(*file, targets);
-        WordEntry& entry = entryFor(typed, source.probability);
+        WordEntry& entry = entryFor(typed, source.probability.value_or(probabilityOf(targets.front())));
         report_->corrections += addTargets(&entry, targets, WHITELIST_SHORTCUT_STRENGTH);
     });
 }
@@ -43,6 +43,12 @@ void ReplacementSteps::readShortcuts(const ShortcutsSource& source) {
 bool ReplacementSteps::isWord(std::string_view typed) const {
     const int index = lexicon_.find(typed);
     return index != Lexicon::NONE && lexicon_[index].probability.has_value();
+}
+
+/// 0 for what is no word of the dictionary, such as two words.
+int ReplacementSteps::probabilityOf(std::string_view word) const {
+    const int index = lexicon_.find(word);
+    return index == Lexicon::NONE ? 0 : lexicon_[index].probability.value_or(0);
 }
 
 WordEntry& ReplacementSteps::entryFor(std::string_view typed, int probability) {

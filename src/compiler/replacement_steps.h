@@ -34,6 +34,7 @@ private:
     void readCorrections(const CorrectionsSource& source);
     void readShortcuts(const ShortcutsSource& source);
     bool isWord(std::string_view typed) const;
+    int probabilityOf(std::string_view word) const;
     WordEntry& entryFor(std::string_view typed, int probability);
     int addTargets(WordEntry* entry, const Targets& targets, int strength);
     void warnOfUnknownWords(const ListFile& file, const Targets& targets);

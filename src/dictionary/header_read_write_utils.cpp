@@ -50,7 +50,7 @@ void HeaderReadWriteUtils::fetchAllHeaderAttributes(ReadOnlyByteArrayView dict,
     std::array<int, MAX_ATTRIBUTE_KEY_LENGTH> key;
     std::array<int, MAX_ATTRIBUTE_VALUE_LENGTH> value;
     ByteReader reader(dict, ATTRIBUTES_POS);
-    while (reader.ok() && reader.position() < headerSize && headerAttributes->size() < MAX_ATTRIBUTE_COUNT) {
+    for (size_t i = 0; i < MAX_ATTRIBUTE_COUNT && reader.ok() && reader.position() < headerSize; ++i) {
         const int keyLength = reader.readString(MAX_ATTRIBUTE_KEY_LENGTH, key.data());
         const int valueLength = reader.readString(MAX_ATTRIBUTE_VALUE_LENGTH, value.data());
         // A pair that the file's end cuts off is as good as none.

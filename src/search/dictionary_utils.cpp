@@ -16,8 +16,9 @@ namespace wordengine {
 
 namespace {
 
-/// No word has nearly as many spellings; a damaged dictionary of apostrophes below apostrophes has.
-constexpr int MAX_EXPANSIONS = 20000;
+/// No word leads past nearly as many nodes; a damaged dictionary of apostrophes below apostrophes, or of
+/// siblings that are all alike, has more than fit into memory.
+constexpr int MAX_EXAMINED_CHILDREN = 100000;
 
 }  // namespace
 
@@ -27,7 +28,7 @@ int DictionaryUtils::getMaxProbabilityOfExactMatches(const DictionaryStructureWi
     std::vector<DicNode> current(1);
     std::vector<DicNode> next;
     DicNodeUtils::initAsRoot(policy, prevWordsPtNodePos, &current.front());
-    int expansionsLeft = MAX_EXPANSIONS;
+    int childrenLeft = MAX_EXAMINED_CHILDREN;
     for (int i = 0; i < codePointCount && !current.empty(); ++i) {
         const int codePoint = CharUtils::toBaseLowerCase(codePoints[i]);
         for (const DicNode& dicNode : current) {
@@ -35,7 +36,7 @@ int DictionaryUtils::getMaxProbabilityOfExactMatches(const DictionaryStructureWi
                 next.push_back(dicNode);
                 next.back().advanceDigraphIndex();
             } else {
-                processChildDicNodes(policy, codePoint, &dicNode, &expansionsLeft, &next);
+                processChildDicNodes(policy, codePoint, &dicNode, &childrenLeft, &next);
             }
         }
         std::swap(current, next);
@@ -50,17 +51,19 @@ int DictionaryUtils::getMaxProbabilityOfExactMatches(const DictionaryStructureWi
 
 void DictionaryUtils::processChildDicNodes(const DictionaryStructureWithBufferPolicy* policy,
                                            int inputCodePoint, const DicNode* parentDicNode,
-                                           int* expansionsLeft, std::vector<DicNode>* outDicNodes) {
-    if (--*expansionsLeft < 0) return;
+                                           int* childrenLeft, std::vector<DicNode>* outDicNodes) {
+    if (*childrenLeft <= 0) return;
     DicNodeVector children;
     DicNodeUtils::getAllChildDicNodes(parentDicNode, policy, &children);
     const int childCount = children.getSizeAndLock();
+    // A node without children is not free either.
+    *childrenLeft -= childCount + 1;
     for (int i = 0; i < childCount; ++i) {
         DicNode* const child = children[i];
         const int codePoint = CharUtils::toBaseLowerCase(child->getNodeCodePoint());
         if (codePoint == inputCodePoint) outDicNodes->push_back(*child);
         if (child->canBeIntentionalOmission()) {
-            processChildDicNodes(policy, inputCodePoint, child, expansionsLeft, outDicNodes);
+            processChildDicNodes(policy, inputCodePoint, child, childrenLeft, outDicNodes);
         }
         if (!DigraphUtils::hasDigraphForCodePoint(policy->getHeaderStructurePolicy(),
                                                   child->getNodeCodePoint())) {

@@ -20,7 +20,7 @@ public:
 
 private:
     static void processChildDicNodes(const DictionaryStructureWithBufferPolicy* policy, int inputCodePoint,
-                                     const DicNode* parentDicNode, int* expansionsLeft,
+                                     const DicNode* parentDicNode, int* childrenLeft,
                                      std::vector<DicNode>* outDicNodes);
 };
 

@@ -4,6 +4,7 @@
 #include <json/reader.h>
 
 #include <dirent.h>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sys/stat.h>
@@ -34,6 +35,16 @@ std::vector<Entry> listEntries(const std::string& directory) {
     return entries;
 }
 
+/// Some dozen times what a keyboard's geometry takes; parsed, a file takes many times its size in memory.
+constexpr std::uintmax_t MAX_JSON_FILE_SIZE = 1 << 20;
+
+/// A file whose size cannot be told is left to the reader, which finds out soon enough.
+bool isTooLarge(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return !error && size > MAX_JSON_FILE_SIZE;
+}
+
 bool parse(std::istream& stream, Json::Value* root) {
     Json::CharReaderBuilder builder;
     builder["collectComments"] = false;
@@ -49,6 +60,7 @@ std::runtime_error FileUtils::readingFailure(const std::string& path, const std:
 }
 
 Json::Value FileUtils::loadJson(const std::string& path) {
+    if (isTooLarge(path)) throw readingFailure(path, "the file is too large");
     Json::Value root;
     bool parsed = false;
     try {

@@ -14,7 +14,8 @@ class FileUtils {
 public:
     FileUtils() = delete;
 
-    /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed.
+    /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed, or is
+    /// larger than 1 MiB.
     static Json::Value loadJson(const std::string& path);
 
     /// The error that any trouble with a file's content is reported by.

@@ -41,7 +41,7 @@ float hypotenuse(int width, int height) {
 SweetSpot liveSweetSpot(int keyIndex, int x, int y, int width, int height, int mostCommonKeyWidth,
                         int mostCommonKeyHeight) {
     const SweetSpotCorrection& correction = correctionOf(keyIndex);
-    // Kept: half of the far edge, not the middle of the key.
+    // Half of the far edge, not the middle of the key.
     const float halfRight = static_cast<float>(x + width) / 2.0f;
     const float halfBottom = static_cast<float>(y + height) / 2.0f;
     const float radius = correction.radiusFactor != 0.0f

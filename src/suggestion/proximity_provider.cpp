@@ -198,7 +198,7 @@ void ProximityProvider::computeNearestNeighbours(int, int, int mostCommonKeyWidt
             key.code = static_cast<int8_t>(lowerCodes[k]);
             lowerCells[cell].push_back(key);
         }
-        // Kept: the lists of all cells are appended after every key, so the last ones are the complete ones.
+        // The lists of all cells are appended after every key, so the last ones are the complete ones.
         upperNeighbours_.insert(upperNeighbours_.end(), upperCells.begin(), upperCells.end());
         lowerNeighbours_.insert(lowerNeighbours_.end(), lowerCells.begin(), lowerCells.end());
     }

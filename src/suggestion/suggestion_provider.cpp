@@ -117,6 +117,7 @@ RankedSuggestions SuggestionProvider::rankSuggestions(int maxResults, int* word,
                                                       wordengine::PrevWordsInfo* prevWordsInfo,
                                                       wordengine::SuggestOptions* options,
                                                       KeyCoordinate* coordinate) {
+    if (wordLength < 1 || wordLength > wordengine::WORD_LENGTH_LIMIT) return {};
     // The last letter alone chooses the layout: a word that ends in a capital searches the capitals' page.
     const int lastCodePoint = word[wordLength - 1];
     wordengine::ProximityInfo* proximityInfo = proximityProvider_->getProximity(lastCodePoint);

@@ -47,7 +47,8 @@ public:
     SuggestionProvider& operator=(const SuggestionProvider&) = delete;
 
     /// The ranked words for a partly typed word of 1 to 48 code points, as UTF-8. `coordinate` is the
-    /// touch of the last letter. Earlier letters keep the coordinates of earlier requests.
+    /// touch of the last letter. Earlier letters keep the coordinates of earlier requests. A word of any
+    /// other length has no answer.
     std::vector<std::string> getSuggestions(int maxResults, int* word, int wordLength,
                                             wordengine::PrevWordsInfo* prevWordsInfo,
                                             wordengine::SuggestOptions* options, bool& refused,

@@ -233,6 +233,14 @@ TEST_F(DictionaryBuilderTest, PairsWrittenByHandComeFirst) {
     EXPECT_EQ((Strengths{{"a", 2}}), pairsOf("c"));
 }
 
+TEST_F(DictionaryBuilderTest, ACorrectionMayHaveTheProbabilityOfItsWord) {
+    fileOfFourWords();
+    file("corrections", "bb\tb\ta\naa\ta b\tb\n");
+    build(fourWords() + "corrections corrections probability=target");
+    EXPECT_EQ(entry("b").probability, entry("bb").probability);
+    EXPECT_EQ(0, entry("aa").probability);
+}
+
 TEST_F(DictionaryBuilderTest, CorrectionsAndShortcutsBecomeEntriesThatAreNoWords) {
     fileOfFourWords();
     file("corrections", "aa\ta\naab\ta b\tb\nb\tc\naa\td\ta\nxx\tunknown\n");

@@ -172,8 +172,8 @@ TEST(DamageTest, DistrustsTheHeaderSize) {
 }
 
 TEST(DamageTest, MarksACountThatRunsOffTheBody) {
-    for (const Bytes& body :
-         std::vector<Bytes>{{0x02, 0x10, 'a', 1}, {0x81, 0x00, 0x10, 'a', 1}, {0x81}, {}}) {
+    for (const Bytes& body : std::vector<Bytes>{
+             {0x02, 0x10, 'a', 1}, {0x81, 0x00, 0x10, 'a', 1}, {0x01, 0x10, 'a'}, {0x81}, {}}) {
         const auto policy = openBody(body);
         DicNode root;
         DicNodeUtils::initAsRoot(policy.get(), nullptr, &root);
@@ -208,6 +208,14 @@ TEST(HostileTest, SharedSubtreesEndTheWalk) {
     EXPECT_LT(walkWords(policy.get()).size(), body.size());
     EXPECT_TRUE(policy->isCorrupted());
     EXPECT_EQ(positionOf(*policy, U"abbb"), 3 * 9 + 5);
+}
+
+TEST(HostileTest, ShortcutsEndWithTheirList) {
+    // A list of one entry that claims to go on, and bytes behind it that would do for more.
+    Bytes body{1, 0x18, 'a', 9, 0, 5, 0x8F, 'b', 0x1F};
+    for (int i = 0; i < 1000; ++i) body.insert(body.end(), {0x8F, 'c', 0x1F});
+    const int word[] = {'a'};
+    EXPECT_EQ(openBody(body)->getWordProperty(word, 1).getUnigramProperty().getShortcuts().size(), 1u);
 }
 
 TEST(HostileTest, LongListsOfLongSearchesEnd) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
 #include "search/search_fixture.h"
 #include "search/typing/scoring_params.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -247,6 +249,30 @@ TEST(SearchContextTest, PredictionsAndProbabilities) {
     EXPECT_EQ(ask(U"cafe", exact), 95);
     EXPECT_EQ(ask(U"mornin", exact), NO_PROBABILITY);
     EXPECT_EQ(ask(U"", exact), NO_PROBABILITY);
+}
+
+TEST(SearchEdgeTest, SiblingsThatAreAllAlikeEndTheSearchForSpellings) {
+    // Arrays of 32,767 nodes "a", each of which leads to the next array: copies of all would fill memory.
+    constexpr int COUNT = 0x7FFF;
+    constexpr int NODE_SIZE = 6;
+    std::string file("\x9B\xC1\x3A\xFE\0\2\0\0\0\0\0\x0C", 12);
+    for (const bool isLast : {false, false, true}) {
+        file += "\xFF\xFF";
+        for (int i = 0; i < COUNT; ++i) {
+            const int offset = (COUNT - i) * NODE_SIZE - 3;
+            file += isLast ? "\x10" : "\xD0";
+            file += "a\1";
+            for (const int shift : {16, 8, 0}) {
+                if (!isLast) file += static_cast<char>(offset >> shift);
+            }
+        }
+    }
+    vorpel::testing::TemporaryFolder folder;
+    const Dictionary words(DictionaryStructureWithBufferPolicyFactory::newPolicyForExistingDictFile(
+        folder.write("alike.dic", file).c_str(), 0, static_cast<int>(file.size()), false));
+    const int letters[] = {'a', 'a', 'a'};
+    EXPECT_EQ(words.getMaxProbabilityOfExactMatches(letters, 2), 1);
+    EXPECT_EQ(words.getMaxProbabilityOfExactMatches(letters, 3), NO_PROBABILITY);
 }
 
 TEST(SearchEdgeTest, InputsAtAndBeyondTheLimits) {

@@ -172,6 +172,7 @@ TEST(GeometryFiles, usableAndUnusableContent) {
     unusable.push_back(changed("keyboardMinWidth", "wide"));
     unusable.push_back(changed("locale", Json::arrayValue));
     unusable.push_back(std::string(5000, '['));
+    unusable.push_back("{\"keyXCoordinates\": [0" + std::string((1 << 20) - 22, ' ') + "]}");
     for (const std::string& content : unusable) {
         EXPECT_EQ(failureOf(folder, content).substr(0, 3), " : ") << content.substr(0, 200);
     }

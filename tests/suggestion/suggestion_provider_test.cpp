@@ -154,6 +154,16 @@ TEST_F(SuggestionProviderTest, NumbersThatAreNoPlacesAreHarmless) {
     }
 }
 
+TEST_F(SuggestionProviderTest, WordsOutsideTheLimitsHaveNoAnswer) {
+    Typist typist(language);
+    for (const std::size_t length : {0U, 49U, 200U}) {
+        const RankedSuggestions ranked = typist.request(std::string(length, 't'));
+        EXPECT_TRUE(ranked.words.empty());
+        EXPECT_FALSE(ranked.refused || ranked.canAutoCorrect);
+    }
+    EXPECT_FALSE(typist.request("t").words.empty());
+}
+
 TEST_F(SuggestionProviderTest, SafetyNetGuardsFromFourLetters) {
     Typist typist(language);
     const auto blocks = [&](const std::string& typed, const std::string& suggested) {

@@ -10,6 +10,7 @@
 #include "platform/posix/folder_bundle.h"
 #include "support/small_language.h"
 #include "text/diagnostics.h"
+#include "text/utf.h"
 
 namespace vorpel {
 namespace {
@@ -30,9 +31,20 @@ protected:
         defaults.setString("Language", "en");
     }
 
+    /// One request.
     Words ask(VPWordSuggestions& service, const std::string& word, const std::string& previous = "") {
         canAutoCorrect = true;
         return service.getSuggestionsForWord(word, previous, NOWHERE, &canAutoCorrect);
+    }
+
+    /// A request after each letter; the first word of the last answer.
+    std::string type(VPWordSuggestions& service, const std::string& word, const std::string& previous = "") {
+        const std::u32string letters = wordengine::utf8ToUtf32(word).value();
+        Words answer;
+        for (std::size_t count = 1; count <= letters.size(); ++count) {
+            answer = ask(service, wordengine::utf32ToUtf8(letters.substr(0, count)), previous);
+        }
+        return answer.empty() ? "(nothing)" : answer.front();
     }
 
     testing::SmallLanguage english;
@@ -45,17 +57,17 @@ protected:
 TEST_F(VPWordSuggestionsTest, AnswersInTheStoredLanguage) {
     const auto service = VPWordSuggestions::create(bundle, defaults);
     EXPECT_EQ(service->isReady(), true);
-    EXPECT_EQ(ask(*service, "helo").front(), "hello");
+    EXPECT_EQ(type(*service, "hrllo"), "hello");
     EXPECT_TRUE(canAutoCorrect);
 
     platform::FolderBundle arabicBundle({arabic.folder().path()});
     for (const char* language : {"ar", "fr", ""}) {
         defaults.setString("Language", language);
         const auto other = VPWordSuggestions::create(arabicBundle, defaults);
-        EXPECT_EQ(ask(*other, "مرحا").front(), "مرحبا") << language;
+        EXPECT_EQ(type(*other, "مرحا"), "مرحبا") << language;
     }
     const platform::MemoryUserDefaults unset;
-    EXPECT_EQ(ask(*VPWordSuggestions::create(arabicBundle, unset), "شكر").front(), "شكرا");
+    EXPECT_EQ(type(*VPWordSuggestions::create(arabicBundle, unset), "شكر"), "شكرا");
 }
 
 TEST_F(VPWordSuggestionsTest, PredictsAndNeverCorrectsThen) {
@@ -72,29 +84,34 @@ TEST_F(VPWordSuggestionsTest, WhatCannotBeAnsweredHasAnEmptyAnswer) {
     EXPECT_FALSE(canAutoCorrect);
     EXPECT_TRUE(ask(*service, std::string(49, 'a')).empty());
     EXPECT_NO_THROW(ask(*service, std::string(48, 'a')));
-    EXPECT_EQ(ask(*service, "helo", std::string(49, 'a')).front(), "hello");
+    EXPECT_EQ(type(*service, "hrllo", std::string(49, 'a')), "hello");
     EXPECT_NO_THROW(ask(*service, "\xff\xfe", "\xc3"));
 }
 
 TEST_F(VPWordSuggestionsTest, RequestsBeforeSetUpAndAfterDismissalAreEmpty) {
     VPWordSuggestions service(bundle, defaults);
     EXPECT_EQ(service.isReady(), std::nullopt);
-    EXPECT_TRUE(ask(service, "helo").empty());
+    EXPECT_TRUE(ask(service, "h").empty());
     service.setUp();
-    EXPECT_FALSE(ask(service, "helo").empty());
+    EXPECT_FALSE(ask(service, "h").empty());
     service.dismissWordSuggestor();
-    EXPECT_TRUE(ask(service, "helo").empty());
+    EXPECT_TRUE(ask(service, "h").empty());
 }
 
 TEST_F(VPWordSuggestionsTest, WithoutDictionaryOrGeometryTheAnswerIsEmpty) {
     testing::TemporaryFolder empty;
     platform::FolderBundle nothing({empty.path()});
-    EXPECT_TRUE(ask(*VPWordSuggestions::create(nothing, defaults), "helo").empty());
-    // A failed request leaves the flag as it was.
-    EXPECT_TRUE(canAutoCorrect);
+    EXPECT_TRUE(ask(*VPWordSuggestions::create(nothing, defaults), "h").empty());
+    EXPECT_FALSE(canAutoCorrect);
 
     platform::FolderBundle noGeometry({empty.path(), english.folder().path()});
-    EXPECT_TRUE(ask(*VPWordSuggestions::create(noGeometry, defaults), "helo").empty());
+    EXPECT_TRUE(ask(*VPWordSuggestions::create(noGeometry, defaults), "h").empty());
+
+    platform::FolderBundle geometryOnly({english.folder().path()});
+    std::filesystem::remove(english.dictionaryPath());
+    EXPECT_TRUE(ask(*VPWordSuggestions::create(geometryOnly, defaults), "h").empty());
+    // A failed request leaves the flag as it was.
+    EXPECT_TRUE(canAutoCorrect);
 
     const std::string broken = english.folder().write("en_US_P_113.json", "{\"keyCount\": 3");
     try {

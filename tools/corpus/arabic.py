@@ -5,7 +5,7 @@
     tools/corpus/arabic.py --packages build/packages --out build/sources/ar [--exclude HASHES]
 
 Writes NAME.words.tsv for each source, pairs.tsv of them all, and the lists vocabulary.tsv, floor.tsv, forms.tsv,
-dropped.txt, alef-*.tsv, exact.tsv and second.tsv. The same packages give the same bytes. A package that is not there is left out.
+dropped.txt, alef.tsv, exact.tsv and second.tsv. The same packages give the same bytes. A package that is not there is left out.
 """
 from __future__ import annotations
 
@@ -32,7 +32,6 @@ READERS: dict[str, tuple[str, Callable[[Path], Iterator[str]]]] = {
 }
 # The share of all text that the hand-written paradigms cover; their sections are written as if it were everything.
 FORMS_SHARE = .4
-STRENGTHS = range(30, 211, 15)
 LOOSE_ENDINGS, NEEDLESS_HAMZAS = 20000, 4000
 WORDS = 130000
 OFFENSIVE = 1e-5
@@ -96,10 +95,8 @@ def hand_written() -> dict[str, float]:
 
 
 def write_corrections(out: Path, loose: arabic_lists.LooseSpelling) -> None:
-    for level in (loose.EXACT, *STRENGTHS):
-        lines = loose.by_strength.get(level, {})
-        name = "exact.tsv" if level == loose.EXACT else f"alef-{level}.tsv"
-        write(out / name, (f"{typed}\t{intended}" for typed, intended in lines.items()))
+    for name, lines in (("alef.tsv", loose.alefs), ("exact.tsv", loose.exact)):
+        write(out / name, (f"{typed}	{intended}" for typed, intended in lines.items()))
     write(out / "second.tsv", ("\t".join((typed, *words)) for typed, words in loose.second.items()))
     write(out / "dropped.txt", loose.dropped)
 

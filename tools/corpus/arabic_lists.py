@@ -21,7 +21,6 @@ _PREFIXED_WORDS = 4000
 _GIVE_WAY, _NOT_RARE = 4.0, 1e-6
 # What is offered beside a word has to be worth its place.
 _WORTH = 1e-7
-_STRENGTH_STEP = 15
 # Derived verbs and their nouns (استخدم، الاجتماع), which people like to write with a hamza.
 _PLAIN_ALEF = re.compile("(?:[وفبل]?ال|[وفبل])?ا(?!ل)(?=...)")
 
@@ -96,11 +95,9 @@ class LooseSpelling:
     """Corrections of words typed without the hamza of an alef, and of other spellings that people mix up.
 
     `by_hand` are the corrections that people have settled already, `rejected` what the spelling checker refuses.
-    `dropped` are spellings that leave the vocabulary for a correction, `by_strength` the lines of correction by the
-    probability that their entry should have, `second` what is to be offered beside.
+    `dropped` are spellings that leave the vocabulary for a correction, `alefs` the corrections that are to be found with
+    a slip besides, `exact` those for just this spelling, `second` what is to be offered beside.
     """
-
-    EXACT = 1  # strength of a correction that is meant for just this spelling
 
     def __init__(self, probabilities: Mapping[str, float], protected: Iterable[str], rejected: set[str],
                  by_hand: Mapping[str, str]) -> None:
@@ -109,7 +106,8 @@ class LooseSpelling:
         self._rejected = rejected
         self._by_hand = by_hand
         self.dropped = {typed for typed in by_hand if typed in probabilities}
-        self.by_strength: dict[int, dict[str, str]] = defaultdict(dict)
+        self.alefs: dict[str, str] = {}
+        self.exact: dict[str, str] = {}
         self.second: dict[str, list[str]] = {}
         self._typed: set[str] = set()
 
@@ -133,7 +131,7 @@ class LooseSpelling:
             if typed in self._by_hand and words[0] != self._by_hand[typed]:
                 continue
             if typed in self._by_hand or self._gives_way(typed, words[0]):
-                self._correct(typed, words[0], strength(self._p[words[0]]))
+                self._correct(typed, words[0], self.alefs)
                 words = words[1:]
             rest = [word for word in words if self._p[word] >= _WORTH][:2]
             if rest:
@@ -159,16 +157,10 @@ class LooseSpelling:
 
     def _correct_exactly(self, typed: str, intended: str) -> None:
         if not any(typed in known for known in (self._p, self._typed, self._by_hand)):
-            self._correct(typed, intended, self.EXACT)
+            self._correct(typed, intended, self.exact)
 
-    def _correct(self, typed: str, intended: str, level: int) -> None:
+    def _correct(self, typed: str, intended: str, corrections: dict[str, str]) -> None:
         if typed in self._p:
             self.dropped.add(typed)
         self._typed.add(typed)
-        self.by_strength[level][typed] = intended
-
-
-def strength(probability: float) -> int:
-    """The dictionary's 0 to 255 for a probability, in coarse steps: one file of corrections for each."""
-    exact = 255 + 9 * math.log2(max(probability, 1e-12) / .5)
-    return min(210, max(30, round(exact / _STRENGTH_STEP) * _STRENGTH_STEP))
+        corrections[typed] = intended

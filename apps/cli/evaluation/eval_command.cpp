@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "answer_printing.h"
 #include "commands.h"
@@ -49,6 +50,14 @@ private:
     std::unique_ptr<std::FILE, Close> file_;
 };
 
+/// Every Nth row, from the first.
+template <typename Row>
+std::vector<Row> thinned(const std::vector<Row>& rows, int every) {
+    std::vector<Row> kept;
+    for (std::size_t i = 0; i < rows.size(); i += static_cast<std::size_t>(every)) kept.push_back(rows[i]);
+    return kept;
+}
+
 /// Whether the dictionary has the word, or its form with a small first letter.
 bool isKnown(const compiler::DictionaryListing& dictionary, const std::string& word) {
     const auto isWord = [&](const std::string& form) {
@@ -65,7 +74,7 @@ Json::Value evaluateRows(const EvalArguments& arguments, const LanguageFiles& fi
     const compiler::DictionaryListing dictionary = compiler::DictionaryListing::open(files.dictionary);
     MissesFile misses(arguments.missesFile);
     std::map<std::string, TypingMeasures> groups;
-    for (const EvaluationRow& row : readEvaluationRows(arguments.set)) {
+    for (const EvaluationRow& row : thinned(readEvaluationRows(arguments.set), arguments.every)) {
         const auto observe = [&](const std::string&, const Answer& answer) {
             latencies.add(answer.microseconds);
         };
@@ -94,7 +103,7 @@ Json::Value evaluateSentences(const EvalArguments& arguments, const LanguageFile
     const bool isArabic = files.language == "ar";
     SentenceMeasures strict(false);
     SentenceMeasures folded(true);
-    for (const auto& sentence : readSentences(arguments.set)) {
+    for (const auto& sentence : thinned(readSentences(arguments.set), arguments.every)) {
         strict.add(sentence, service, latencies);
         if (isArabic) folded.add(sentence, service, latencies);
     }

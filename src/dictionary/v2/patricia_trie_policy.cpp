@@ -73,6 +73,8 @@ int PatriciaTriePolicy::createAndGetLeavingChildNode(const DicNode* dicNode, int
     if (!PatriciaTrieReadingUtils::readPtNodeInfo(body_, ptNodePos, &shortcutListPolicy_, &bigramListPolicy_,
                                                   &flags, &codePointCount, codePoints.data(), &probability,
                                                   &childrenPos, &shortcutPos, &bigramPos, &siblingPos)) {
+        // Behind the last child nobody would ask where its sibling is.
+        isCorrupted_ = true;
         return NO_DICT_POS;
     }
     // Other first letters are marks of the dictionary's own, which nobody types.

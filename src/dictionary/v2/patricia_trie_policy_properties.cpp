@@ -25,7 +25,7 @@ WordProperty PatriciaTriePolicy::getWordProperty(const int* word, int length) co
     const PtNodeParams ptNodeParams = ptNodeReader_.fetchPtNodeParamsInBufferFromPtNodePos(ptNodePos);
     const std::vector<int> codePoints(word, word + length);
     const std::vector<BigramProperty> bigrams = readBigramProperties(ptNodeParams);
-    const UnigramProperty unigramProperty(codePoints.front() == CODE_POINT_BEGINNING_OF_SENTENCE,
+    const UnigramProperty unigramProperty(ptNodeParams.getCodePoints()[0] == CODE_POINT_BEGINNING_OF_SENTENCE,
                                           ptNodeParams.isNotAWord(), ptNodeParams.isBlacklisted(),
                                           ptNodeParams.getProbability(), NO_TIMESTAMP, NO_LEVEL, NO_COUNT,
                                           readShortcutProperties(ptNodeParams));
@@ -55,8 +55,11 @@ std::vector<UnigramProperty::ShortcutProperty> PatriciaTriePolicy::readShortcutP
     if (ptNodeParams.getShortcutPos() == NO_DICT_POS) return properties;
     std::array<int, WORD_LENGTH_LIMIT> target;
     ByteReader reader(body_, shortcutListPolicy_.getStartPos(ptNodeParams.getShortcutPos()));
+    int listEnd = ptNodeParams.getShortcutPos();
+    shortcutListPolicy_.skipAllShortcuts(&listEnd);
     ShortcutListReadingUtils::ShortcutFlags flags = ShortcutListReadingUtils::FLAG_ATTRIBUTE_HAS_NEXT;
-    while (ShortcutListReadingUtils::hasNext(flags)) {
+    // Entries that claim to go on past their list would fill memory with the rest of the file.
+    while (ShortcutListReadingUtils::hasNext(flags) && reader.position() < listEnd) {
         flags = ShortcutListReadingUtils::getFlagsAndForwardPointer(&reader);
         const int length =
             ShortcutListReadingUtils::readShortcutTarget(&reader, WORD_LENGTH_LIMIT, target.data());
