@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
+#include "word_service.h"
 
 #include <json/json.h>
 
-#include "word_service.h"
+#include <string>
 
 namespace vorpel::cli {
 

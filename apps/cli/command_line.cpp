@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "command_line.h"
 
+#include "commands.h"
+
+#include <CLI/CLI.hpp>
+
 #include <cstdio>
 #include <functional>
 #include <memory>
 #include <string>
-
-#include <CLI/CLI.hpp>
-
-#include "commands.h"
 
 // All that is known of the options library stays in this file: it takes longer to compile than the
 // rest of the tool.
@@ -47,10 +47,11 @@ void addLanguageOptions(CLI::App& command, LanguageChoice& choice) {
 
 void addSuggest(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<SuggestArguments>();
-    CLI::App* command = addCommand(app, action, "suggest", "The words that each typed word may become, ranked",
-                                   "Example: vorpel suggest --previous thank teh yuo\n"
-                                   "An arrow names the word that would replace the typed one.",
-                                   arguments, suggest);
+    CLI::App* command =
+        addCommand(app, action, "suggest", "The words that each typed word may become, ranked",
+                   "Example: vorpel suggest --previous thank teh yuo\n"
+                   "An arrow names the word that would replace the typed one.",
+                   arguments, suggest);
     addLanguageOptions(*command, arguments->choice);
     command->add_option("--previous", arguments->previous, "the word before");
     command->add_flag("--json", arguments->json, "one JSON object a word");
@@ -93,10 +94,9 @@ void addDict(CLI::App& app, Action& action) {
 
     const auto addReader = [&](const char* name, const char* description, const std::string& words,
                                int (*run)(const DictArguments&)) {
-        CLI::App* reader =
-            addCommand(*dict, action, name, description,
-                       "Example: vorpel dict " + std::string(name) + " build/data/en_US.dic" + words,
-                       arguments, run);
+        CLI::App* reader = addCommand(
+            *dict, action, name, description,
+            "Example: vorpel dict " + std::string(name) + " build/data/en_US.dic" + words, arguments, run);
         reader->add_option("FILE", arguments->file, "the dictionary")->required();
         return reader;
     };
@@ -127,12 +127,13 @@ void addGeometry(CLI::App& app, Action& action) {
 
 void addEval(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<EvalArguments>();
-    CLI::App* command = addCommand(
-        app, action, "eval", "Accuracy and savings on a set of typed words or sentences",
-        "Example: vorpel eval --set misspellings.tsv\n"
-        "A .tsv has a header line with the columns typed and intended, and perhaps level or source, prev and\n"
-        "points; a .txt has a sentence a line. Shares are in percent.",
-        arguments, evaluate);
+    CLI::App* command =
+        addCommand(app, action, "eval", "Accuracy and savings on a set of typed words or sentences",
+                   "Example: vorpel eval --set misspellings.tsv\n"
+                   "A .tsv has a header line with the columns typed and intended, and perhaps level or "
+                   "source, prev and\n"
+                   "points; a .txt has a sentence a line. Shares are in percent.",
+                   arguments, evaluate);
     addLanguageOptions(*command, arguments->choice);
     command->add_option("--set", arguments->set, "the set")->required();
     command->add_option("--every", arguments->every, "take every Nth row only, for a quick look")

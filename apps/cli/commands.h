@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "language_files.h"
+
 #include <string>
 #include <vector>
-
-#include "language_files.h"
 
 namespace vorpel::cli {
 

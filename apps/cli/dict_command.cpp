@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "commands.h"
+#include "compiler/dictionary_builder.h"
+#include "compiler/dictionary_listing.h"
+#include "compiler/dictionary_verifier.h"
+#include "compiler/recipe.h"
+#include "compiler/version2_writer.h"
+
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -6,13 +13,6 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#include "commands.h"
-#include "compiler/dictionary_builder.h"
-#include "compiler/dictionary_listing.h"
-#include "compiler/dictionary_verifier.h"
-#include "compiler/recipe.h"
-#include "compiler/version2_writer.h"
 
 namespace vorpel::cli {
 

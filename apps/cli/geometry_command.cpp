@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <memory>
-#include <string>
-
 #include "commands.h"
 #include "compiler/geometry_file_writer.h"
 #include "compiler/portrait_page.h"
+
+#include <memory>
+#include <string>
 
 namespace vorpel::cli {
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "language_files.h"
 
+#include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
+#include "suggestion/suggestion_provider.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -8,9 +11,6 @@
 #include <fstream>
 #include <stdexcept>
 #include <vector>
-
-#include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
-#include "suggestion/suggestion_provider.h"
 
 namespace vorpel::cli {
 

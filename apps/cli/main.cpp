@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "command_line.h"
+#include "text/diagnostics.h"
+
 #include <cstdio>
 #include <exception>
 #include <string>
-
-#include "command_line.h"
-#include "text/diagnostics.h"
 
 namespace {
 

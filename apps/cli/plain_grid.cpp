@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "plain_grid.h"
 
-#include <algorithm>
-#include <cmath>
-#include <stdexcept>
-
 #include "compiler/portrait_page.h"
 #include "suggestion/geometry_file.h"
 #include "text/char_utils.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
 
 namespace vorpel::cli {
 

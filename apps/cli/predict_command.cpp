@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "answer_printing.h"
+#include "commands.h"
+#include "word_service.h"
+
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "answer_printing.h"
-#include "commands.h"
-#include "word_service.h"
-
 namespace vorpel::cli {
 
-namespace {
-
-}  // namespace
+namespace {}  // namespace
 
 int predict(const PredictArguments& arguments) {
     WordService service(findLanguageFiles(arguments.choice));

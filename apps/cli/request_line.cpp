@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "request_line.h"
 
+#include "text/utf.h"
+
 #include <cmath>
 #include <memory>
 #include <stdexcept>
-
-#include "text/utf.h"
 
 namespace vorpel::cli {
 
@@ -79,7 +79,8 @@ std::vector<std::optional<TouchPoint>> parsePoints(const Json::Value& json) {
             points.emplace_back();
             continue;
         }
-        const bool isPair = point.isArray() && point.size() == 2 && point[0].isNumeric() && point[1].isNumeric();
+        const bool isPair =
+            point.isArray() && point.size() == 2 && point[0].isNumeric() && point[1].isNumeric();
         if (!isPair || !std::isfinite(point[0].asDouble()) || !std::isfinite(point[1].asDouble())) {
             throw std::runtime_error("\"points\" must hold pairs of numbers");
         }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
+#include "word_service.h"
 
 #include <json/json.h>
 
-#include "word_service.h"
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace vorpel::cli {
 

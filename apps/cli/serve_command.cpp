@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "answer_printing.h"
+#include "commands.h"
+#include "request_line.h"
+#include "word_service.h"
+
 #include <cstdio>
 #include <iostream>
 #include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include "answer_printing.h"
-#include "commands.h"
-#include "request_line.h"
-#include "word_service.h"
 
 namespace vorpel::cli {
 

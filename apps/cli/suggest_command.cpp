@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstdio>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "answer_printing.h"
 #include "commands.h"
 #include "search/search_statistics.h"
 #include "word_service.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace vorpel::cli {
 
@@ -15,10 +15,11 @@ namespace {
 
 void printTrace(const std::string& typed, const Answer& answer, const wordengine::SearchStatistics* search) {
     if (!search) return;
-    std::printf("  %-16s %7.0f us  %s  passes %d  expanded %d  children %d  pushed %d  cached %d  terminals %d\n",
-                typed.c_str(), answer.microseconds, search->continuedCachedSearch ? "continued" : "fresh    ",
-                search->passes, search->nodesExpanded, search->childrenExamined, search->nodesPushedActive,
-                search->nodesCached, search->terminals);
+    std::printf(
+        "  %-16s %7.0f us  %s  passes %d  expanded %d  children %d  pushed %d  cached %d  terminals %d\n",
+        typed.c_str(), answer.microseconds, search->continuedCachedSearch ? "continued" : "fresh    ",
+        search->passes, search->nodesExpanded, search->childrenExamined, search->nodesPushedActive,
+        search->nodesCached, search->terminals);
 }
 
 void printForPerson(const std::string& word, const Answer& answer) {

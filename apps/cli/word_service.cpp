@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "word_service.h"
 
-#include <chrono>
-#include <stdexcept>
-
 #include "suggestion/suggestion_provider.h"
 #include "text/utf.h"
+
+#include <chrono>
+#include <stdexcept>
 
 namespace vorpel::cli {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "language_files.h"
 #include "plain_grid.h"
 #include "platform/memory_user_defaults.h"
 #include "platform/posix/folder_bundle.h"
 #include "suggestion/vp_word_suggestions.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace vorpel::cli {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/user_defaults.h"
+
 #include <map>
 #include <string>
-
-#include "platform/user_defaults.h"
 
 namespace vorpel::platform {
 

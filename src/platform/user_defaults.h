@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "vorpel/export.h"
+
 #include <optional>
 #include <string>
-
-#include "vorpel/export.h"
 
 namespace vorpel::platform {
 

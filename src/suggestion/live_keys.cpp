@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/live_keys.h"
 
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-#include <unicode/locid.h>
-#include <unicode/unistr.h>
 
 namespace vorpel {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "suggestion/vp_word_suggestions.h"
+
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "suggestion/vp_word_suggestions.h"
 
 namespace vorpel {
 

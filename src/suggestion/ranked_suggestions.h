@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "search/results/suggested_word.h"
+
+#include <vector>
 
 namespace vorpel {
 

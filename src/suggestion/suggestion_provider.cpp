@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/suggestion_provider.h"
 
-#include <algorithm>
-#include <cmath>
-#include <fstream>
-#include <utility>
-
 #include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
 #include "dictionary/prev_words_info.h"
 #include "search/results/autocorrection_threshold_utils.h"
@@ -13,6 +8,11 @@
 #include "search/suggest_options.h"
 #include "text/char_utils.h"
 #include "text/diagnostics.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <utility>
 
 namespace vorpel {
 

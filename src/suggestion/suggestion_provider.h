@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "search/dic_traverse_session.h"
 #include "search/dictionary.h"
 #include "suggestion/proximity_provider.h"
 #include "suggestion/ranked_suggestions.h"
 #include "text/engine_constants.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace wordengine {
 class PrevWordsInfo;

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/vp_word_suggestions.h"
 
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <stdexcept>
-#include <utility>
-
 #include "platform/bundle.h"
 #include "platform/user_defaults.h"
 #include "suggestion/live_keys.h"
 #include "suggestion/word_request.h"
 #include "text/diagnostics.h"
 #include "text/utf.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+#include <utility>
 
 namespace vorpel {
 

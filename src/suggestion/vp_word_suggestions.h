@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "suggestion/ranked_suggestions.h"
+#include "vorpel/export.h"
+
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "suggestion/ranked_suggestions.h"
-#include "vorpel/export.h"
 
 namespace wordengine {
 struct SearchStatistics;

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/word_request.h"
 
-#include <algorithm>
-#include <array>
-
 #include "dictionary/prev_words_info.h"
 #include "search/suggest_options.h"
 #include "suggestion/vp_word_suggestions.h"
 #include "text/engine_constants.h"
+
+#include <algorithm>
+#include <array>
 
 namespace vorpel {
 

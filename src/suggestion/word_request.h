@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "suggestion/suggestion_provider.h"
+
 #include <string>
 #include <vector>
-
-#include "suggestion/suggestion_provider.h"
 
 namespace vorpel {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/suggestion_provider.h"
 
-#include <algorithm>
-#include <limits>
-#include <stdexcept>
-
-#include <gtest/gtest.h>
-
 #include "dictionary/prev_words_info.h"
 #include "search/results/suggestions_output_utils.h"
 #include "search/suggest_options.h"
 #include "support/small_language.h"
 #include "text/utf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 namespace vorpel {
 namespace {
@@ -26,7 +26,8 @@ public:
     explicit Typist(const testing::SmallLanguage& language)
         : provider(language.dictionaryPath(), language.folder().path(), "en") {}
 
-    RankedSuggestions request(const std::string& word, SuggestionProvider::KeyCoordinate touch = {NONE, NONE}) {
+    RankedSuggestions request(const std::string& word,
+                              SuggestionProvider::KeyCoordinate touch = {NONE, NONE}) {
         std::vector<int> codePoints = wordengine::utf8ToCodePoints(word).value();
         wordengine::PrevWordsInfo context;
         const int values[4] = {};

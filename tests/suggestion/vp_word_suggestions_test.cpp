@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/vp_word_suggestions.h"
 
-#include <cstdio>
-#include <stdexcept>
-
-#include <gtest/gtest.h>
-
 #include "platform/memory_user_defaults.h"
 #include "platform/posix/folder_bundle.h"
 #include "support/small_language.h"
 #include "text/diagnostics.h"
 #include "text/utf.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <stdexcept>
 
 namespace vorpel {
 namespace {

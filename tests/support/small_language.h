@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compiler/dictionary_model.h"
 #include "compiler/geometry_file_writer.h"
 #include "compiler/portrait_page.h"
 #include "compiler/version2_writer.h"
 #include "support/temporary_folder.h"
+
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace vorpel::testing {
 

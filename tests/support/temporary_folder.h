@@ -4,10 +4,9 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <stdlib.h>
 #include <string>
 #include <string_view>
-
-#include <stdlib.h>
 
 namespace vorpel::testing {
 

@@ -1,10 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstdio>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "answer_printing.h"
 #include "commands.h"
 #include "compiler/dictionary_listing.h"
@@ -13,6 +7,12 @@
 #include "evaluation/sentence_measures.h"
 #include "evaluation/typing_measures.h"
 #include "evaluation/word_comparison.h"
+
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace vorpel::cli {
 

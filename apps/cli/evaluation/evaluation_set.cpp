@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "evaluation/evaluation_set.h"
 
+#include "request_line.h"
+#include "text/utf.h"
+
+#include <unicode/uchar.h>
+
 #include <fstream>
 #include <functional>
 #include <map>
 #include <stdexcept>
-
-#include <unicode/uchar.h>
-
-#include "request_line.h"
-#include "text/utf.h"
 
 namespace vorpel::cli {
 

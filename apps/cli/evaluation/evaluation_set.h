@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "word_service.h"
+
 #include <string>
 #include <vector>
-
-#include "word_service.h"
 
 namespace vorpel::cli {
 

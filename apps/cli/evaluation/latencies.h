@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <json/json.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <vector>
-
-#include <json/json.h>
 
 namespace vorpel::cli {
 

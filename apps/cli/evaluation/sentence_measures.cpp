@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "evaluation/sentence_measures.h"
 
-#include <cmath>
-
-#include "text/utf.h"
 #include "evaluation/word_comparison.h"
+#include "text/utf.h"
+
+#include <cmath>
 
 namespace vorpel::cli {
 

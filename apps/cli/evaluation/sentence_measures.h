@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <vector>
+#include "evaluation/latencies.h"
+#include "word_service.h"
 
 #include <json/json.h>
 
-#include "evaluation/latencies.h"
-#include "word_service.h"
+#include <string>
+#include <vector>
 
 namespace vorpel::cli {
 

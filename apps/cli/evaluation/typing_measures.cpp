@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "evaluation/typing_measures.h"
 
+#include "evaluation/word_comparison.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "evaluation/word_comparison.h"
 
 namespace vorpel::cli {
 
@@ -34,18 +34,17 @@ void TypingMeasures::add(const EvaluationRow& row, const Answer& answer,
     mended_ += isError && final == intended;
     falseFires_ += !isError && final != intended;
     const std::size_t shown = std::min<std::size_t>(answer.words.size(), 3);
-    keptVisible_ += std::any_of(answer.words.begin(), answer.words.begin() + static_cast<std::ptrdiff_t>(shown),
-                                [&](const ScoredWord& word) {
-                                    return comparable(word.word, foldHamza_) == typed;
-                                });
+    keptVisible_ +=
+        std::any_of(answer.words.begin(), answer.words.begin() + static_cast<std::ptrdiff_t>(shown),
+                    [&](const ScoredWord& word) { return comparable(word.word, foldHamza_) == typed; });
     countRanks(intended, answer, isError, isKnown);
 }
 
 void TypingMeasures::countRanks(const std::u32string& intended, const Answer& answer, bool isError,
                                 const std::function<bool()>& isKnown) {
-    const auto found = std::find_if(
-        answer.words.begin(), answer.words.end(),
-        [&](const ScoredWord& word) { return comparable(word.word, foldHamza_) == intended; });
+    const auto found = std::find_if(answer.words.begin(), answer.words.end(), [&](const ScoredWord& word) {
+        return comparable(word.word, foldHamza_) == intended;
+    });
     const std::size_t rank =
         found == answer.words.end() ? NOT_FOUND : static_cast<std::size_t>(found - answer.words.begin());
     foundInTop1_ += rank < 1;

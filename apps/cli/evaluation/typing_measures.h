@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <functional>
-#include <string>
+#include "evaluation/evaluation_set.h"
 
 #include <json/json.h>
 
-#include "evaluation/evaluation_set.h"
+#include <functional>
+#include <string>
 
 namespace vorpel::cli {
 

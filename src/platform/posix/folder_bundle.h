@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/bundle.h"
+
 #include <string>
 #include <vector>
-
-#include "platform/bundle.h"
 
 namespace vorpel::platform {
 

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "compiler/geometry_file_writer.h"
+#include "compiler/portrait_page.h"
+
+#include <gtest/gtest.h>
+#include <json/json.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <stdexcept>
+
+namespace vorpel::compiler {
+namespace {
+
+KeyFrame keyOf(const KeyPage& page, char32_t codePoint) {
+    for (const KeyFrame& key : page.keys) {
+        if (key.codePoint == static_cast<int>(codePoint)) return key;
+    }
+    throw std::runtime_error("no such key");
+}
+
+Json::Value parse(const std::string& text) {
+    Json::CharReaderBuilder builder;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    Json::Value value;
+    if (!reader->parse(text.data(), text.data() + text.size(), &value, nullptr)) {
+        throw std::runtime_error("no JSON");
+    }
+    return value;
+}
+
+struct PlacedKey {
+    const char* language;
+    double pageWidth;
+    char32_t key;
+    double x, y, width, height;
+};
+
+// Worked out by hand from the rules of the rows.
+constexpr PlacedKey PLACED_KEYS[] = {
+    {"en", 375, U'Q', 3, 8, 31.5, 43},      {"en", 375, U'P', 340.5, 8, 31.5, 43},
+    {"en", 375, U'A', 22, 62, 31.5, 43},    {"en", 375, U'Z', 59.5, 116, 31.5, 43},
+    {"en", 375, U' ', 140, 170, 137.5, 43}, {"ar", 375, U'ض', 3.5, 8, 28, 43},
+    {"ar", 375, U'ط', 343.5, 62, 28, 43},   {"ar", 375, U'ذ', 3.5, 116, 28, 43},
+    {"en", 320, U'Q', 3, 12, 26, 39},       {"en", 320, U'M', 243, 120, 26, 39},
+    {"en", 414, U'Q', 5, 8, 35, 43.5},
+};
+
+TEST(GeometryTest, KeysLieWhereTheRowsPutThem) {
+    for (const PlacedKey& expected : PLACED_KEYS) {
+        const KeyPage page = layOutPortraitPage(letterRows(expected.language), expected.pageWidth, 216);
+        const KeyFrame key = keyOf(page, expected.key);
+        SCOPED_TRACE(std::string(expected.language) + " " + std::to_string(expected.pageWidth) + " " +
+                     std::to_string(expected.key));
+        EXPECT_DOUBLE_EQ(key.x, expected.x);
+        EXPECT_DOUBLE_EQ(key.y, expected.y);
+        EXPECT_DOUBLE_EQ(key.width, expected.width);
+        EXPECT_DOUBLE_EQ(key.height, expected.height);
+    }
+}
+
+TEST(GeometryTest, KeysStayOnThePageAndApart) {
+    for (const char* language : {"en", "ar"}) {
+        for (double width = 320; width <= 500; width += 5) {
+            const KeyPage page = layOutPortraitPage(letterRows(language), width, 216);
+            for (std::size_t i = 0; i < page.keys.size(); ++i) {
+                const KeyFrame& key = page.keys[i];
+                EXPECT_GE(key.x, 0);
+                EXPECT_LE(key.x + key.width, width);
+                EXPECT_LE(key.y + key.height, 216);
+                if (i == 0 || page.keys[i - 1].y != key.y) continue;
+                EXPECT_GE(key.x, page.keys[i - 1].x + page.keys[i - 1].width);
+            }
+        }
+    }
+}
+
+TEST(GeometryTest, CellsListTheSmallLettersWithinReachNearestFirst) {
+    const KeyPage page = layOutPortraitPage(letterRows("en"), 375, 216);
+    const Json::Value file = parse(geometryJson(page, "en_US", LetterCase::Upper));
+    const Json::Value& grid = file["proximityCharsArray"];
+    ASSERT_EQ(grid.size(), 32U * 16 * 16);
+    const double reach = 1.2 * 31.5;
+    for (int cell = 0; cell < 32 * 16; ++cell) {
+        const double x = (cell % 32 + 0.5) * 12;
+        const double y = (cell / 32 + 0.5) * 14;
+        const auto distanceTo = [&](const KeyFrame& key) {
+            const double dx = std::max({key.x - x, 0.0, x - key.x - key.width});
+            const double dy = std::max({key.y - y, 0.0, y - key.y - key.height});
+            return std::hypot(dx, dy);
+        };
+        int within = 0;
+        for (const KeyFrame& key : page.keys) within += distanceTo(key) < reach;
+        double last = 0;
+        int listed = 0;
+        for (int slot = 0; slot < 16; ++slot) {
+            const int code = grid[cell * 16 + slot].asInt();
+            if (code == -1) continue;
+            EXPECT_EQ(listed, slot) << "a gap in the list";
+            ++listed;
+            const bool isSmallOrSpace = (code >= 'a' && code <= 'z') || code == ' ';
+            ASSERT_TRUE(isSmallOrSpace) << code;
+            const double distance =
+                distanceTo(keyOf(page, code == ' ' ? U' ' : static_cast<char32_t>(code - 32)));
+            EXPECT_LT(distance, reach);
+            EXPECT_GE(distance, last);
+            last = distance;
+        }
+        EXPECT_EQ(listed, std::min(within, 16));
+    }
+}
+
+TEST(GeometryTest, TheFileHoldsThePageInWholePointsAndItsCentresExactly) {
+    const KeyPage page = layOutPortraitPage(letterRows("en"), 375, 216);
+    const Json::Value lower = parse(geometryJson(page, "en_US", LetterCase::Lower));
+    const Json::Value upper = parse(geometryJson(page, "en_US", LetterCase::Upper));
+    EXPECT_EQ(lower["keyCharCodes"][0], 'q');
+    EXPECT_EQ(upper["keyCharCodes"][0], 'Q');
+    EXPECT_EQ(lower["keyboardMinWidth"], 375);
+    EXPECT_EQ(lower["mostCommonKeyWidth"], 32);
+    EXPECT_EQ(lower["keyCount"].asUInt(), page.keys.size());
+    for (Json::ArrayIndex i = 0; i < page.keys.size(); ++i) {
+        EXPECT_EQ(lower["sweetSpotCenterXs"][i].asDouble(), page.keys[i].centerX());
+        EXPECT_EQ(lower["sweetSpotCenterYs"][i].asDouble(), page.keys[i].centerY());
+        EXPECT_GT(lower["sweetSpotRadii"][i].asDouble(), 0);
+        EXPECT_NEAR(lower["keyXCoordinates"][i].asDouble(), page.keys[i].x, 0.5);
+    }
+    EXPECT_EQ(geometryJson(page, "en_US", LetterCase::Lower), geometryJson(page, "en_US", LetterCase::Lower));
+}
+
+TEST(GeometryTest, WhatCannotBeAPageIsRefused) {
+    EXPECT_THROW(letterRows("tlh"), std::invalid_argument);
+    EXPECT_THROW(layOutPortraitPage(letterRows("en"), 20, 216), std::invalid_argument);
+    EXPECT_THROW(layOutPortraitPage(letterRows("en"), 375, 30), std::invalid_argument);
+    EXPECT_THROW(geometryJson({375, 216, {}}, "en_US", LetterCase::Lower), std::invalid_argument);
+    KeyPage crowded{375, 216, std::vector<KeyFrame>(65, KeyFrame{'a', 0, 0, 5, 5})};
+    EXPECT_THROW(geometryJson(crowded, "en_US", LetterCase::Lower), std::invalid_argument);
+}
+
+}  // namespace
+}  // namespace vorpel::compiler
