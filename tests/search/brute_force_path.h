@@ -46,6 +46,7 @@ struct BruteForcePath {
 
     char32_t last() const { return prefix.empty() ? U'\0' : prefix.back(); }
     bool isLaterWord() const { return !wordsBefore.empty(); }
+    bool isLoneLetterAgain() const { return isLaterWord() && prefix.size() == 1 && wordBefore.size() == 1; }
 
     BruteForcePath with(char32_t letter) const {
         BruteForcePath longer = *this;

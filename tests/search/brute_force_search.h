@@ -159,10 +159,8 @@ private:
     void settle(const BruteForcePath& path) {
         if (path.spatial + path.language >= 1e7) return;
         const bool isWord = words_.find(path.prefix) != nullptr;
-        const bool isLoneLetterAgain =
-            path.prefix.size() == 1 && path.wordsBefore.size() > 1 && path.wordBefore.size() == 1;
         const bool isAtEnd = path.index >= pen_.points();
-        if (isWord && !isLoneLetterAgain) {
+        if (isWord && !path.isLoneLetterAgain()) {
             finish(path);
             if (!isAtEnd) startNextWord(path, false);
         }
@@ -183,7 +181,8 @@ private:
     }
 
     double languageOf(const BruteForcePath& path) const {
-        if (path.isLaterWord() && words_.find(path.prefix)->isNotAWord) return 1e7 * price::LANGUAGE;
+        const bool isNotAWord = words_.find(path.prefix)->isNotAWord;
+        if (path.isLaterWord() && (isNotAWord || path.isLoneLetterAgain())) return 1e7 * price::LANGUAGE;
         return languageCost(words_.probabilityAfter(path.wordBefore, path.prefix));
     }
 

@@ -19,6 +19,8 @@ from english_case import CaseModel, mark_run  # noqa: E402
 SCOWL = {
     "english-words.10": "the dog may house see love it's he bites",
     "english-words.35": "abacus march falling dog's",
+    "english-words.80": "tha abaci abacist",
+    "english-upper.80": "Abaci Thae",
     "english-words.95": "zyzzyva",
     "english-upper.10": "I London March May",
     "english-abbreviations.40": "NASA",
@@ -135,6 +137,11 @@ class ExtractionTest(unittest.TestCase):
             self.assertNotIn(absent, floors)
         self.assertNotIn("q", self.counts(folder, "onboard"))
         self.assertEqual(read_table(folder / "onboard.pairs.tsv"), {("London", "the"): "2.00"})
+
+    def test_rare_short_words_are_left_out_and_longer_names_are_not(self) -> None:
+        floors = read_table(self.extract() / "vocabulary.tsv")
+        rare = ("tha", "abaci", "abacist", "Abaci", "Thae")
+        self.assertEqual([word for word in rare if (word,) in floors], ["abacist", "Abaci"])
 
     def test_listed_sentences_are_not_learned_from(self) -> None:
         hashes = self.root / "hashes"

@@ -115,7 +115,7 @@ def write_onboard(packages: Path, out: Path, floors: dict[str, float]) -> None:
               if re.fullmatch(WORD, word) and (len(word) > 1 or word in SINGLE_LETTERS)
               and not word.endswith("'s") and not (word.isupper() and len(word) > 1 and word not in floors)}
     for word in usable:
-        if len(word) > sources.LONGEST_SHORT_WORD:
+        if len(word) > (sources.LONGEST_SHORT_NAME if word.istitle() else sources.LONGEST_SHORT_WORD):
             floors.setdefault(word, ONBOARD_FLOOR)
     write_table(out / "onboard.words.tsv", ((word, str(count)) for word, count in usable.items()))
     kept: dict[Pair, int] = {pair: count for pair, count in pairs.items() if pair[0] in usable and pair[1] in usable}

@@ -19,11 +19,14 @@ REFERENCE = re.compile(r"\b(see|in|of|next|last|this) (also|section|chapter|appe
 
 SCOWL_FLOORS = {10: 3e-6, 20: 2e-6, 35: 1e-6, 40: 5e-7, 50: 3e-7, 55: 2e-7, 60: 1e-7, 70: 5e-8, 80: 1e-8}
 SCOWL_LISTS = ("words", "upper", "proper-names", "contractions", "abbreviations")
+NAME_LISTS = ("upper", "proper-names")
 # Names are many and seldom meant: at equal level they stand below words, and abbreviations below both.
 LIST_FACTORS = {"words": 1.0, "upper": 1.0, "proper-names": 0.5, "contractions": 1.0, "abbreviations": 0.1}
 # A slip of the finger soon makes a rare short word ("tha", "ane", "HTE"), which then would not be corrected:
-# the shorter a word, the commoner it must be. Length: highest level.
+# the shorter a word, the commoner it must be. Length: highest level. Names of five letters are too many to lose.
 SHORT_WORD_LEVELS = {1: 10, 2: 35, 3: 40, 4: 50, 5: 60}
+SHORT_NAME_LEVELS = {1: 10, 2: 35, 3: 40, 4: 50}
+LONGEST_SHORT_NAME = max(SHORT_NAME_LEVELS)
 LONGEST_SHORT_WORD = max(SHORT_WORD_LEVELS)
 BRITISH_FACTOR = 0.1
 BRITISH_LEVELS = range(10, 51)
@@ -39,8 +42,9 @@ def scowl_floors(packages: Path) -> dict[str, float]:
                 if level not in SCOWL_FLOORS or (region == "british" and level not in BRITISH_LEVELS):
                     continue
                 floor = SCOWL_FLOORS[level] * LIST_FACTORS[kind] * (BRITISH_FACTOR if region == "british" else 1.0)
+                short_levels = SHORT_NAME_LEVELS if kind in NAME_LISTS else SHORT_WORD_LEVELS
                 for word in read_latin(path).split():
-                    if level > SHORT_WORD_LEVELS.get(len(word), level):
+                    if level > short_levels.get(len(word), level):
                         continue
                     if kind == "contractions" or not word.endswith("'s"):
                         floors[word] = max(floors.get(word, 0.0), floor)
