@@ -33,7 +33,7 @@ int describeDict(const DictArguments& arguments) {
     for (const auto& [key, value] : info.attributes) std::printf("%-20s %s\n", key.c_str(), value.c_str());
     std::printf("file size            %d bytes, %d of them header\n", info.fileSize, info.headerSize);
     std::printf("words                %d\n", info.words);
-    std::printf("  never offered      %d\n", info.zeroProbabilityWords);
+    std::printf("  probability 0      %d\n", info.zeroProbabilityWords);
     std::printf("not words            %d\n", info.notWords);
     std::printf("word pairs           %d\n", info.bigrams);
     std::printf("shortcuts            %d\n", info.shortcuts);

@@ -28,6 +28,8 @@ std::map<int, TouchPoint> centersByCode(const std::string& geometryFile) {
 
 /// The cell of `count` in a row that a place falls into, the nearest one outside of them.
 std::size_t cellOf(double place, std::size_t count) {
+    // A size so small that a cell has none gives a place that is no number.
+    if (std::isnan(place)) return 0;
     return static_cast<std::size_t>(std::clamp(std::floor(place), 0.0, static_cast<double>(count - 1)));
 }
 

@@ -10,8 +10,6 @@
 
 namespace vorpel::cli {
 
-namespace {}  // namespace
-
 int predict(const PredictArguments& arguments) {
     WordService service(findLanguageFiles(arguments.choice));
     for (const std::string& word : arguments.words) {

@@ -13,9 +13,11 @@ namespace vorpel::cli {
 
 namespace {
 
-void printTrace(const std::string& typed, const Answer& answer, const wordengine::SearchStatistics* search) {
+void printTrace(std::FILE* out, const std::string& typed, const Answer& answer,
+                const wordengine::SearchStatistics* search) {
     if (!search) return;
-    std::printf(
+    std::fprintf(
+        out,
         "  %-16s %7.0f us  %s  passes %d  expanded %d  children %d  pushed %d  cached %d  terminals %d\n",
         typed.c_str(), answer.microseconds, search->continuedCachedSearch ? "continued" : "fresh    ",
         search->passes, search->nodesExpanded, search->childrenExamined, search->nodesPushedActive,
@@ -34,11 +36,13 @@ void printForPerson(const std::string& word, const Answer& answer) {
 }  // namespace
 
 int suggest(const SuggestArguments& arguments) {
+    // Between JSON lines it would be no JSON.
+    std::FILE* const traceOut = arguments.json ? stderr : stdout;
     const LanguageFiles files = findLanguageFiles(arguments.choice);
     for (const std::string& word : arguments.words) {
         WordService service(files);
         const auto observe = [&](const std::string& typed, const Answer& answer) {
-            if (arguments.trace) printTrace(typed, answer, service.searchStatistics());
+            if (arguments.trace) printTrace(traceOut, typed, answer, service.searchStatistics());
         };
         const Answer answer = service.type(word, arguments.previous, nullptr, observe);
         if (arguments.json) {

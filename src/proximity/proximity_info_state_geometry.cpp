@@ -26,7 +26,8 @@ float ProximityInfoStateUtils::getPointToKeyByIdLength(float maxPointToKeyLength
                                                        const std::vector<float>& cache, int keyCount,
                                                        int inputIndex, int keyId) {
     if (keyId == NO_INDEX) return WEIGHT_CEILING_FLOAT;
-    return std::min(cache[inputIndex * keyCount + keyId], maxPointToKeyLength);
+    // In this order a distance that is no number, as on a layout without a key width, becomes the cap.
+    return std::min(maxPointToKeyLength, cache[inputIndex * keyCount + keyId]);
 }
 
 float ProximityInfoStateUtils::getDirection(const SampledPoints& points, int index0, int index1) {

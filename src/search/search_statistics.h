@@ -7,7 +7,7 @@ namespace wordengine {
 struct SearchStatistics {
     int passes = 0;             ///< rounds over the active nodes, one input point each
     int nodesExpanded = 0;      ///< nodes taken from the active queue and branched
-    int childrenExamined = 0;   ///< nodes made from the dictionary, those of corrections included
+    int childrenExamined = 0;   ///< nodes read from the dictionary, those of corrections included
     int nodesPushedActive = 0;  ///< nodes offered to the next pass; a full queue may have turned some away
     int nodesCached = 0;        ///< nodes offered to the store for a following, longer input
     int terminals = 0;          ///< finished words offered to the results

@@ -229,6 +229,14 @@ TEST(ProximityInfoState, carelessCallersGetShortOrEmptyStates) {
     const std::vector<int> extremes = {0, INT_MAX, INT_MIN, -1, INT_MAX, INT_MAX, INT_MIN, INT_MIN, 7};
     EXPECT_EQ(enter(info.get(), 9, extremes.data(), 0), 9);
 
+    Layout withoutKeyWidth = layout;
+    withoutKeyWidth.keyWidth = 0;
+    const auto infoWithoutKeyWidth = withoutKeyWidth.build();
+    const Typed onCenter = typedAt(layout, "a");
+    onCenter.enter(*infoWithoutKeyWidth, state);
+    EXPECT_EQ(state.getPointToKeyLength(0, 'a'), 1.0f) << "no number, on the centre and beside it";
+    EXPECT_EQ(state.getPointToKeyLength(0, 's'), 1.0f);
+
     const int pointerIds[] = {0, 1, 0, 1, 0};
     state.initInputParams(0, 1.0f, info.get(), codes.data(), 5, positions.data(), positions.data(), nullptr,
                           pointerIds, false);

@@ -49,6 +49,8 @@ class SuggestTest(ToolTest):
         self.assertIn("wrold -> world\n", done.stdout)
         self.assertIn("continued", done.stdout)
         self.assertNotIn("isGestureBool", done.stdout)
+        line, = answer("suggest", *self.files, "--json", "--trace", "wrold")
+        self.assertEqual(line["words"][0], "world")
 
     def test_the_word_before_counts(self) -> None:
         alone, after = (answer("suggest", *self.files, "--json", *before, "worl")[0]
@@ -105,6 +107,11 @@ class ServeTest(ToolTest):
             {"op": "suggest", "word": "help", "points": [(2 * x, 2 * y) for x, y in points], "width": 640,
              "height": 432})
         self.assertEqual(small["words"], large["words"])
+
+    def test_a_grid_of_no_size_to_speak_of_is_answered(self) -> None:
+        line, = self.ask('{"op":"suggest","word":"held","points":[[0,0],[1,1],[-1,0],[0,1e300]],'
+                         '"width":5e-324,"height":5e-324}')
+        self.assertIn("words", line)
 
 
 class DictTest(ToolTest):

@@ -94,7 +94,8 @@ protected:
                 typing->shrinkTo(points - std::min(points - 1, 1 + random_.below(4)));
                 break;
             case 1:
-                ++typing->word.xs[static_cast<size_t>(random_.below(points))];
+                ++(random_.oneIn(2) ? typing->word.xs
+                                    : typing->word.ys)[static_cast<size_t>(random_.below(points))];
                 break;
             case 2:
                 ++typing->times[static_cast<size_t>(random_.below(points))];
