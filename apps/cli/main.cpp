@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "command_line.h"
-#include "text/diagnostics.h"
+#include "suggestion/vp_word_suggestions.h"
 
 #include <cstdio>
 #include <exception>
@@ -23,7 +23,7 @@ std::string inOneLine(const std::string& message) {
 
 int main(int argc, char** argv) {
     // Standard output is for answers.
-    wordengine::Diagnostics::setStream(stderr);
+    vorpel::VPWordSuggestions::setDiagnosticsStream(stderr);
     try {
         const int status = vorpel::cli::runCommandLine(argc, argv);
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;

@@ -188,6 +188,10 @@ void VPWordSuggestions::dismissWordSuggestor() {
     suggestor_.reset();
 }
 
+void VPWordSuggestions::setDiagnosticsStream(std::FILE* stream) {
+    Diagnostics::setStream(stream);
+}
+
 const wordengine::SearchStatistics* VPWordSuggestions::searchStatistics() const {
     return suggestor_ ? &suggestor_->searchStatistics() : nullptr;
 }

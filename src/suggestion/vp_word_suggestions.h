@@ -4,6 +4,7 @@
 #include "suggestion/ranked_suggestions.h"
 #include "vorpel/export.h"
 
+#include <cstdio>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -106,6 +107,10 @@ public:
 
     /// Nothing before set-up has begun, then whether it has ended.
     [[nodiscard]] std::optional<bool> isReady() const;
+
+    /// Where the library's own plain lines go: standard output unless set, nowhere for null. Set it
+    /// before the first request; it holds for the whole program.
+    static void setDiagnosticsStream(std::FILE* stream);
 
     /// What the last search did, for diagnosis; null before set-up.
     [[nodiscard]] const wordengine::SearchStatistics* searchStatistics() const;
