@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "evaluation/sentence_measures.h"
 
+#include "evaluation/percent.h"
 #include "evaluation/word_comparison.h"
 #include "text/utf.h"
-
-#include <cmath>
 
 namespace vorpel::cli {
 
 namespace {
 
 constexpr std::size_t SHOWN_WORDS = 3;
-
-double percent(double part, double whole) {
-    return whole == 0 ? 0.0 : std::round(10000 * part / whole) / 100;
-}
 
 int letterCount(const std::string& word) {
     return static_cast<int>(wordengine::utf8ToUtf32Lenient(word).size());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "evaluation/typing_measures.h"
 
+#include "evaluation/percent.h"
 #include "evaluation/word_comparison.h"
 
 #include <algorithm>
@@ -11,10 +12,6 @@ namespace vorpel::cli {
 namespace {
 
 constexpr std::size_t NOT_FOUND = 1000;
-
-double percent(int part, int whole) {
-    return whole == 0 ? 0.0 : std::round(10000.0 * part / whole) / 100;
-}
 
 }  // namespace
 
