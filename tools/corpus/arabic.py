@@ -20,6 +20,7 @@ import arabic_lists
 import arabic_sources
 import arabic_spelling
 import arabic_text
+import common
 
 DATA = Path(__file__).resolve().parent.parent.parent / "data" / "ar"
 
@@ -38,10 +39,7 @@ OFFENSIVE = 1e-5
 
 
 def write(path: Path, lines: Iterable[str]) -> None:
-    """Under a temporary name until it is whole, in code point order."""
-    scratch = path.with_name(path.name + ".part")
-    scratch.write_text("".join(line + "\n" for line in sorted(lines)), encoding="utf-8")
-    scratch.replace(path)
+    common.write_table(path, ((line,) for line in lines))
 
 
 def write_numbers(path: Path, numbers: Mapping[str, float]) -> None:
@@ -58,7 +56,7 @@ def general_pairs(sources: Iterable[Mapping[tuple[str, str], int]]) -> Counter[t
     return Counter({pair: number if spread[pair] > 1 else 1 for pair, number in total.items()})
 
 
-def read_sources(packages: Path, exclusion: arabic_text.Exclusion,
+def read_sources(packages: Path, exclusion: common.Exclusion,
                  out: Path) -> dict[str, Mapping[str, float]]:
     """Count every source, write its counts, and return the words of those that are there."""
     counts: dict[str, Mapping[str, float]] = {}
@@ -108,7 +106,7 @@ def hand_corrected() -> dict[str, str]:
     return {typed: intended for typed, intended, *_ in fields}
 
 
-def make(packages: Path, out: Path, exclusion: arabic_text.Exclusion) -> None:
+def make(packages: Path, out: Path, exclusion: common.Exclusion) -> None:
     out.mkdir(parents=True, exist_ok=True)
     seed = arabic_lists.read_seed(DATA / "seed.txt")
     forms = hand_written()
@@ -159,8 +157,7 @@ def main() -> int:
     parser.add_argument("--exclude", type=Path, help="hashes of sentences to leave out, one a line")
     arguments = parser.parse_args()
     try:
-        hashes = arguments.exclude.read_text(encoding="utf-8").splitlines() if arguments.exclude else ()
-        exclusion = arabic_text.Exclusion(hashes)
+        exclusion = common.Exclusion(arguments.exclude)
         make(arguments.packages, arguments.out, exclusion)
     except (OSError, ValueError, RuntimeError) as error:
         print(f"arabic: {error}", file=sys.stderr)

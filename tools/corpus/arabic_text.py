@@ -1,11 +1,12 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Arabic text as the dictionary sees it: plain spelling, segments of words, sentence hashes."""
+"""Arabic text as the dictionary sees it: plain spelling, segments of words."""
 from __future__ import annotations
 
-import hashlib
 import re
 from collections import Counter
 from typing import Iterable, Iterator
+
+from common import Exclusion
 
 _MARKS = re.compile("[\u0610-\u061a\u0640\u064b-\u0655\u0670\u06d6-\u06ed\u200b-\u200f\u202a-\u202e\u2066-\u2069\ufeff]")
 _LIGATURES = {
@@ -48,28 +49,14 @@ def segments(text: str) -> Iterator[list[str]]:
         yield match.group().split()
 
 
-def sentence_hash(sentence: str) -> str:
-    """First 16 hex digits of the SHA-1 of the sentence in lower case, its words joined by single spaces."""
-    return hashlib.sha1(re.sub(r"[^\w']+", " ", sentence.lower()).strip().encode()).hexdigest()[:16]
-
-
-class Exclusion:
-    """Drops the sentences whose hash is listed, and counts them."""
-
-    def __init__(self, hashes: Iterable[str] = ()) -> None:
-        self.hashes = frozenset(line.strip() for line in hashes if line.strip())
-        self.hits = 0
-
-    def kept(self, text: str) -> Iterator[str]:
-        """The text whole when nothing in it is listed, else the sentences that are not."""
-        if not self.hashes:
-            yield text
-            return
-        for sentence in _SENTENCE_END.split(text):
-            if sentence_hash(sentence) in self.hashes or sentence_hash(plain(sentence)) in self.hashes:
-                self.hits += 1
-            else:
-                yield sentence
+def kept(text: str, exclusion: Exclusion) -> Iterator[str]:
+    """The text whole when there is no list to keep out, else its sentences that are not listed, vowelled or plain."""
+    if not exclusion:
+        yield text
+        return
+    for sentence in _SENTENCE_END.split(text):
+        if not exclusion.drops(sentence) and not exclusion.drops(plain(sentence)):
+            yield sentence
 
 
 def count(texts: Iterable[str], exclusion: Exclusion) -> tuple[Counter[str], Counter[tuple[str, str]]]:
@@ -77,8 +64,8 @@ def count(texts: Iterable[str], exclusion: Exclusion) -> tuple[Counter[str], Cou
     words: Counter[str] = Counter()
     pairs: Counter[tuple[str, str]] = Counter()
     for text in sorted(set(texts)):
-        for kept in exclusion.kept(text):
-            for segment in segments(kept):
+        for sentence in kept(text, exclusion):
+            for segment in segments(sentence):
                 words.update(word for word in segment if is_word(word))
                 pairs.update(pair for pair in zip(segment, segment[1:]) if is_word(pair[0]) and is_word(pair[1]))
     return words, pairs

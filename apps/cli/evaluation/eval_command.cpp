@@ -104,8 +104,9 @@ Json::Value evaluateSentences(const EvalArguments& arguments, const LanguageFile
     SentenceMeasures strict(false);
     SentenceMeasures folded(true);
     for (const auto& sentence : thinned(readSentences(arguments.set), arguments.every)) {
-        strict.add(sentence, service, latencies);
-        if (isArabic) folded.add(sentence, service, latencies);
+        const std::vector<ForeseenWord> typed = typeSentence(sentence, service, latencies);
+        strict.add(typed);
+        if (isArabic) folded.add(typed);
     }
     Json::Value result(Json::objectValue);
     result[ALL_ROWS] = strict.toJson();

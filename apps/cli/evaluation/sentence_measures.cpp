@@ -3,7 +3,6 @@
 
 #include "evaluation/percent.h"
 #include "evaluation/word_comparison.h"
-#include "text/utf.h"
 
 namespace vorpel::cli {
 
@@ -11,11 +10,25 @@ namespace {
 
 constexpr std::size_t SHOWN_WORDS = 3;
 
-int letterCount(const std::string& word) {
-    return static_cast<int>(wordengine::utf8ToUtf32Lenient(word).size());
-}
-
 }  // namespace
+
+std::vector<ForeseenWord> typeSentence(const std::vector<std::string>& sentence, WordService& service,
+                                       Latencies& latencies) {
+    std::vector<ForeseenWord> typed;
+    std::string previous;
+    for (const std::string& word : sentence) {
+        ForeseenWord& foreseen = typed.emplace_back();
+        foreseen.word = word;
+        foreseen.hasPrevious = !previous.empty();
+        if (foreseen.hasPrevious) foreseen.predicted = service.predict(previous);
+        service.type(word, previous, nullptr, [&](const std::string&, const Answer& answer) {
+            latencies.add(answer.microseconds);
+            foreseen.answers.push_back(answer);
+        });
+        previous = word;
+    }
+    return typed;
+}
 
 std::size_t SentenceMeasures::rankOf(const std::string& word, const Answer& answer) const {
     const std::u32string wanted = comparable(word, foldHamza_);
@@ -25,38 +38,28 @@ std::size_t SentenceMeasures::rankOf(const std::string& word, const Answer& answ
     return answer.words.size() + SHOWN_WORDS;
 }
 
-int SentenceMeasures::strokesFor(const std::string& word, const std::string& previous,
-                                 const Answer& predicted, WordService& service, Latencies& latencies) const {
-    if (rankOf(word, predicted) < SHOWN_WORDS) return 1;
-    const int letters = letterCount(word);
-    int typed = 0;
-    int strokes = letters + 1;
-    service.type(word, previous, nullptr, [&](const std::string&, const Answer& answer) {
-        latencies.add(answer.microseconds);
-        ++typed;
-        // Picking costs one stroke, which gives the space too.
-        const bool picked = rankOf(word, answer) < SHOWN_WORDS;
-        if (picked && strokes == letters + 1) strokes = typed + 1;
-    });
-    return strokes;
+int SentenceMeasures::strokesFor(const ForeseenWord& word) const {
+    // Picking costs one stroke, which gives the space too.
+    if (rankOf(word.word, word.predicted) < SHOWN_WORDS) return 1;
+    const int letters = static_cast<int>(word.answers.size());
+    for (int typed = 1; typed <= letters; ++typed) {
+        const Answer& answer = word.answers[static_cast<std::size_t>(typed - 1)];
+        if (rankOf(word.word, answer) < SHOWN_WORDS) return typed + 1;
+    }
+    return letters + 1;
 }
 
-void SentenceMeasures::add(const std::vector<std::string>& sentence, WordService& service,
-                           Latencies& latencies) {
-    std::string previous;
-    for (const std::string& word : sentence) {
-        Answer predicted;
-        if (!previous.empty()) {
-            predicted = service.predict(previous);
-            const std::size_t rank = rankOf(word, predicted);
+void SentenceMeasures::add(const std::vector<ForeseenWord>& sentence) {
+    for (const ForeseenWord& word : sentence) {
+        if (word.hasPrevious) {
+            const std::size_t rank = rankOf(word.word, word.predicted);
             ++foreseeable_;
             inTop1_ += rank < 1;
             inTop3_ += rank < SHOWN_WORDS;
         }
         ++words_;
-        strokesPlain_ += letterCount(word) + 1;
-        strokesUsed_ += strokesFor(word, previous, predicted, service, latencies);
-        previous = word;
+        strokesPlain_ += static_cast<long>(word.answers.size()) + 1;
+        strokesUsed_ += strokesFor(word);
     }
 }
 
