@@ -5,8 +5,12 @@
 
 namespace wordengine {
 
-int TimeKeeper::sCurrentTime = 0;
-bool TimeKeeper::sSetForTesting = false;
+thread_local int TimeKeeper::sCurrentTime = 0;
+thread_local bool TimeKeeper::sSetForTesting = false;
+
+int TimeKeeper::peekCurrentTime() {
+    return sCurrentTime;
+}
 
 void TimeKeeper::setCurrentTime() {
     if (!sSetForTesting) sCurrentTime = static_cast<int>(std::time(nullptr));
