@@ -9,6 +9,5 @@ set(VORPEL_PUBLIC_HEADERS
     search/results/suggested_word.h
     search/search_statistics.h
     suggestion/ranked_suggestions.h
-    search/results/suggested_word.h
-    suggestion/ranked_suggestions.h
+    suggestion/resource_fault.h
     suggestion/vp_word_suggestions.h)

@@ -2,6 +2,8 @@
 #include "language_files.h"
 
 #include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
+#include "suggestion/dictionary_fault.h"
+#include "suggestion/language_resources.h"
 #include "suggestion/suggestion_provider.h"
 
 #include <cerrno>
@@ -17,14 +19,6 @@ namespace vorpel::cli {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string dictionaryName(const std::string& language) {
-    return language == "en" ? "en_US.dic" : "ar_SA.dic";
-}
-
-std::string geometryName(const std::string& language) {
-    return language == "en" ? "en_US_P_113.json" : "ar_SA_P.json";
-}
 
 /// Where the data may lie, the first choice first: where the user says, beside an installed tool,
 /// and beside the build folder of the tool.
@@ -56,28 +50,28 @@ void checkReadable(const std::string& path) {
 }
 
 void checkDictionary(const std::string& path) {
-    checkReadable(path);
     const auto size = static_cast<int>(SuggestionProvider::get_file_size(path));
-    if (!wordengine::DictionaryStructureWithBufferPolicyFactory::newPolicyForExistingDictFile(path.c_str(), 0,
-                                                                                              size, false)) {
-        throw std::runtime_error(path + ": not a dictionary of a format that can be opened");
-    }
+    const auto dictionary =
+        wordengine::DictionaryStructureWithBufferPolicyFactory::newPolicyForExistingDictFile(path.c_str(), 0,
+                                                                                             size, false);
+    const auto fault = findDictionaryFault(path, dictionary.get());
+    if (fault) throw std::runtime_error(*fault);
 }
 
 }  // namespace
 
 std::string LanguageFiles::geometryFile() const {
-    return (fs::path(geometryFolder) / geometryName(language)).string();
+    return (fs::path(geometryFolder) / resourcesOf(language).geometryFile()).string();
 }
 
 LanguageFiles findLanguageFiles(const LanguageChoice& choice) {
     LanguageFiles files{choice.language, choice.dictionary, choice.geometryFolder};
     if (files.dictionary.empty()) {
-        const std::string name = dictionaryName(choice.language);
+        const std::string name = resourcesOf(choice.language).dictionaryFile();
         files.dictionary = (folderThatHolds(name) / name).string();
     }
     if (files.geometryFolder.empty()) {
-        files.geometryFolder = folderThatHolds(geometryName(choice.language)).string();
+        files.geometryFolder = folderThatHolds(resourcesOf(choice.language).geometryFile()).string();
     }
     checkDictionary(files.dictionary);
     checkReadable(files.geometryFile());

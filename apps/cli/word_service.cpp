@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "word_service.h"
 
-#include "suggestion/suggestion_provider.h"
+#include "suggestion/typed_word.h"
 #include "text/utf.h"
 
 #include <chrono>
@@ -13,9 +13,8 @@ namespace {
 
 using wordengine::SuggestedWord;
 
-std::string nameOfKind(int type) {
-    constexpr int kindMask = 0xFF;
-    switch (type & kindMask) {
+std::string nameOfKind(int kind) {
+    switch (kind) {
         case SuggestedWord::KIND_CORRECTION:
             return "correction";
         case SuggestedWord::KIND_WHITELIST:
@@ -40,7 +39,7 @@ Answer ask(Question&& question) {
     if (!ranked) return answer;
     answer.autoCorrects = ranked->canAutoCorrect;
     for (const SuggestedWord& word : ranked->words) {
-        answer.words.push_back({toUtf8(word), word.getScore(), nameOfKind(word.getType())});
+        answer.words.push_back({toUtf8(word), word.getScore(), nameOfKind(kindOf(word))});
     }
     return answer;
 }
@@ -62,25 +61,25 @@ WordService::WordService(const LanguageFiles& files)
     service_->useTouchPoint = true;
 }
 
-TouchPoint WordService::touchOf(std::size_t letter, const PlainTouches* touches) const {
-    constexpr TouchPoint none{SuggestionProvider::NO_TOUCH_COORDINATE,
-                              SuggestionProvider::NO_TOUCH_COORDINATE};
-    if (!touches || letter >= touches->points.size() || !touches->points[letter]) return none;
-    return grid_.carryOver(*touches->points[letter], touches->width, touches->height);
+std::vector<TouchPoint> WordService::carryOver(const PlainTouches& touches) const {
+    std::vector<TouchPoint> carried;
+    carried.reserve(touches.points.size());
+    for (const std::optional<TouchPoint>& point : touches.points) {
+        carried.push_back(point ? grid_.carryOver(*point, touches.width, touches.height) : NO_TOUCH);
+    }
+    return carried;
 }
 
 Answer WordService::type(const std::string& word, const std::string& previous, const PlainTouches* touches,
                          const Observer& observer) {
-    const std::u32string letters = lettersOf(word);
+    const TypedWord typedWord{lettersOf(word), touches ? carryOver(*touches) : std::vector<TouchPoint>()};
     Answer answer;
     double total = 0;
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        const std::string typed = wordengine::utf32ToUtf8(letters.substr(0, i + 1));
-        const TouchPoint touch = touchOf(i, touches);
+    typedWord.typeLetters(0, [&](const std::string& typed, TouchPoint touch) {
         answer = ask([&] { return service_->getRankedSuggestionsForWord(typed, previous, touch); });
         total += answer.microseconds;
         if (observer) observer(typed, answer);
-    }
+    });
     answer.microseconds = total;
     return answer;
 }

@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    [[nodiscard]] TouchPoint touchOf(std::size_t letter, const PlainTouches* touches) const;
+    [[nodiscard]] std::vector<TouchPoint> carryOver(const PlainTouches& touches) const;
 
     platform::FolderBundle bundle_;
     platform::MemoryUserDefaults defaults_;

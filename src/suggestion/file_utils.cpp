@@ -3,10 +3,14 @@
 
 #include <json/reader.h>
 
+#include <cerrno>
+#include <cstring>
 #include <dirent.h>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <new>
+#include <sstream>
 #include <sys/stat.h>
 
 namespace vorpel {
@@ -45,32 +49,46 @@ bool isTooLarge(const std::string& path) {
     return !error && size > MAX_JSON_FILE_SIZE;
 }
 
-bool parse(std::istream& stream, Json::Value* root) {
+bool parse(std::istream& stream, Json::Value* root, std::string* errors) {
     Json::CharReaderBuilder builder;
     builder["collectComments"] = false;
     builder["allowTrailingCommas"] = false;
-    std::string errors;
-    return Json::parseFromStream(builder, stream, root, &errors);
+    return Json::parseFromStream(builder, stream, root, errors);
+}
+
+/// The parser tells each error in two lines, "* PLACE" and "  REASON"; the first counts.
+std::string firstOf(const std::string& errors) {
+    std::istringstream lines(errors);
+    std::string place, reason;
+    if (!std::getline(lines >> std::ws, place) || !std::getline(lines >> std::ws, reason)) return "not JSON";
+    return place.substr(place.find_first_not_of("* ")) + ": " + reason;
 }
 
 }  // namespace
 
-std::runtime_error FileUtils::readingFailure(const std::string& path, const std::string& reason) {
-    return std::runtime_error("reading file : " + path + " has failed : " + reason);
+FileUtils::ReadingFailure FileUtils::readingFailure(const std::string& path, const std::string& reason) {
+    return {"reading file : " + path + " has failed : " + reason, path, reason};
 }
 
 Json::Value FileUtils::loadJson(const std::string& path) {
     if (isTooLarge(path)) throw readingFailure(path, "the file is too large");
     Json::Value root;
-    bool parsed = false;
+    std::string reason;
     try {
         std::ifstream stream(path);
-        parsed = parse(stream, &root);
+        if (!stream) {
+            reason = std::strerror(errno);
+        } else if (std::string errors; parse(stream, &root, &errors)) {
+            return root;
+        } else {
+            reason = firstOf(errors);
+        }
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         throw readingFailure(path, error.what());
     }
-    if (!parsed) throw std::runtime_error("reading file : " + path + " has failed!");
-    return root;
+    throw ReadingFailure("reading file : " + path + " has failed!", path, reason);
 }
 
 std::vector<std::string> FileUtils::getFiles(const std::string& directory, bool filter,

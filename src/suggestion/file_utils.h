@@ -12,14 +12,28 @@ namespace vorpel {
 /// JSON loading and directory listing for the geometry files; not the engine's class of the same name.
 class FileUtils {
 public:
+    /// Trouble with a file's content.
+    class ReadingFailure : public std::runtime_error {
+    public:
+        /// `message` is what the error says of itself; `reason` alone is for those who name the file.
+        ReadingFailure(const std::string& message, const std::string& path, const std::string& reason)
+            : std::runtime_error(message), fault_(path + ": " + reason) {}
+
+        /// "PATH: REASON", one line.
+        [[nodiscard]] const std::string& fault() const { return fault_; }
+
+    private:
+        std::string fault_;
+    };
+
     FileUtils() = delete;
 
     /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed, or is
     /// larger than 1 MiB.
     static Json::Value loadJson(const std::string& path);
 
-    /// The error that any trouble with a file's content is reported by.
-    static std::runtime_error readingFailure(const std::string& path, const std::string& reason);
+    /// "reading file : PATH has failed : REASON".
+    static ReadingFailure readingFailure(const std::string& path, const std::string& reason);
 
     /// Names of the entries that are no directories, in the directory's own order; with `filter` set only
     /// those that contain `text`. Empty if there is no such directory.

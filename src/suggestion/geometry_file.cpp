@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <new>
 
 namespace vorpel {
 
@@ -96,6 +97,8 @@ auto readFile(const std::string& path, Read read) {
     try {
         requireObject(root);
         return read(root);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         throw FileUtils::readingFailure(path, error.what());
     }

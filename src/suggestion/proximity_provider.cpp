@@ -138,6 +138,7 @@ ProximityProvider::~ProximityProvider() = default;
 ProximityInfo* ProximityProvider::createNewProximityInstance(const std::string& path) {
     const GeometryFile geometry = GeometryFile::load(path);
     ProximityInfo* const proximityInfo = keepProximity(geometry);
+    proximityByPath_[path] = proximityInfo;
     const size_t keys = std::min(
         {geometry.keyCharCodes.size(), geometry.sweetSpotCenterXs.size(), geometry.sweetSpotCenterYs.size()});
     for (size_t i = 0; i < keys; ++i) {
@@ -154,10 +155,20 @@ KeyCoordinate* ProximityProvider::getKeyCoordinate(int code) {
     return found != coordinateByCode_.end() ? found->second : keepCoordinate(0.0f, 0.0f);
 }
 
+KeyCoordinate ProximityProvider::keyCenter(int code) const {
+    const auto found = coordinateByCode_.find(code);
+    return found != coordinateByCode_.end() ? *found->second : KeyCoordinate(0.0f, 0.0f);
+}
+
 ProximityInfo* ProximityProvider::getProximity(int code) const {
     const auto found = proximityByCode_.find(code);
     if (found != proximityByCode_.end()) return found->second;
     return proximityInfos_.empty() ? nullptr : proximityInfos_.front().get();
+}
+
+const ProximityInfo* ProximityProvider::findLayout(const std::string& path) const {
+    const auto found = proximityByPath_.find(path);
+    return found != proximityByPath_.end() ? found->second : nullptr;
 }
 
 KeyCoordinate* ProximityProvider::keepCoordinate(float x, float y) {

@@ -56,11 +56,20 @@ public:
     /// file has too goes to this one. Raises as above.
     wordengine::ProximityInfo* createNewProximityInstance(const std::string& path);
 
-    /// The key's centre. An unknown code gives (0, 0), a new object at each call.
+    /// The key's centre. An unknown code gives (0, 0), a new object at each call, all of which are kept.
     KeyCoordinate* getKeyCoordinate(int code);
+
+    /// The same as a value, for callers that ask at every keystroke.
+    [[nodiscard]] KeyCoordinate keyCenter(int code) const;
 
     /// The key's layout; of an unknown code the first layout, null if there is none.
     wordengine::ProximityInfo* getProximity(int code) const;
+
+    /// Whether some layout has a key for the code.
+    [[nodiscard]] bool hasKey(int code) const { return coordinateByCode_.count(code) > 0; }
+
+    /// The layout that was read from the file, null if it is none of those that were read.
+    const wordengine::ProximityInfo* findLayout(const std::string& path) const;
 
     /// The neighbour lists of each grid cell by key frames: appends, key by key, the lists of all cells so
     /// far. No constructor needs them, as the geometry files hold better lists. The arrays hold as many
@@ -84,6 +93,7 @@ private:
     std::vector<std::unique_ptr<wordengine::ProximityInfo>> proximityInfos_;
     std::vector<std::unique_ptr<KeyCoordinate>> keyCoordinates_;
     std::map<int32_t, wordengine::ProximityInfo*> proximityByCode_;
+    std::map<std::string, wordengine::ProximityInfo*> proximityByPath_;
     std::map<int32_t, KeyCoordinate*> coordinateByCode_;
     std::vector<std::vector<KeyModel>> upperNeighbours_;
     std::vector<std::vector<KeyModel>> lowerNeighbours_;

@@ -7,6 +7,12 @@
 
 namespace vorpel {
 
+/// One of SuggestedWord's KIND constants: the word's type without its flags.
+inline int kindOf(const wordengine::SuggestedWord& word) {
+    constexpr int kindMask = 0xFF;
+    return word.getType() & kindMask;
+}
+
 /// One request's words, best first, and what was decided about the first of them.
 struct RankedSuggestions {
     std::vector<wordengine::SuggestedWord> words;

@@ -6,6 +6,7 @@
 #include "search/results/autocorrection_threshold_utils.h"
 #include "search/results/suggestion_results.h"
 #include "search/suggest_options.h"
+#include "suggestion/dictionary_fault.h"
 #include "text/char_utils.h"
 #include "text/diagnostics.h"
 
@@ -87,6 +88,7 @@ SuggestionProvider::SuggestionProvider(const std::string& language, const std::s
 SuggestionProvider::~SuggestionProvider() = default;
 
 void SuggestionProvider::openDictionary(const std::string& dictionaryPath) {
+    dictionaryPath_ = dictionaryPath;
     const int size = static_cast<int>(get_file_size(dictionaryPath));
     auto policy = wordengine::DictionaryStructureWithBufferPolicyFactory::newPolicyForExistingDictFile(
         dictionaryPath.c_str(), 0, size, false);
@@ -143,12 +145,12 @@ RankedSuggestions SuggestionProvider::rankSuggestions(int maxResults, int* word,
 
 void SuggestionProvider::placeLastCoordinate(int lastCodePoint, int wordLength,
                                              const KeyCoordinate& coordinate) {
-    const KeyCoordinate* key = proximityProvider_->getKeyCoordinate(lastCodePoint);
+    const KeyCoordinate key = proximityProvider_->keyCenter(lastCodePoint);
     const int touchX = truncateTouch(coordinate.x);
     const int touchY = truncateTouch(coordinate.y);
     const auto last = static_cast<std::size_t>(wordLength - 1);
-    xCoordinates_[last] = touchX == NO_TOUCH_COORDINATE ? truncateTouch(key->x) : touchX;
-    yCoordinates_[last] = touchY == NO_TOUCH_COORDINATE ? truncateTouch(key->y) : touchY;
+    xCoordinates_[last] = touchX == NO_TOUCH_COORDINATE ? truncateTouch(key.x) : touchX;
+    yCoordinates_[last] = touchY == NO_TOUCH_COORDINATE ? truncateTouch(key.y) : touchY;
 }
 
 void SuggestionProvider::judge(RankedSuggestions& ranked, const int* word, int wordLength,
@@ -217,6 +219,10 @@ bool SuggestionProvider::getSuggestedWordsExcludingTypedWordsForRecorrection(
         return word.getType() != 0 && toUtf8(word) == typedWord;
     };
     return std::erase_if(words, isTypedWord) > 0;
+}
+
+std::optional<std::string> SuggestionProvider::findDictionaryFault() const {
+    return vorpel::findDictionaryFault(dictionaryPath_, dictionary_->getDictionaryStructurePolicy());
 }
 
 const wordengine::SearchStatistics& SuggestionProvider::searchStatistics() const {

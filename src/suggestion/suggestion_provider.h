@@ -9,6 +9,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -82,6 +83,11 @@ public:
     bool getSuggestedWordsExcludingTypedWordsForRecorrection(std::vector<wordengine::SuggestedWord>& words,
                                                              const std::string& typedWord) const;
 
+    /// Why the dictionary is of no use; nothing when it seems whole.
+    [[nodiscard]] std::optional<std::string> findDictionaryFault() const;
+
+    [[nodiscard]] const ProximityProvider& geometry() const { return *proximityProvider_; }
+
     /// What the last search did, for diagnosis.
     [[nodiscard]] const wordengine::SearchStatistics& searchStatistics() const;
 
@@ -94,6 +100,7 @@ private:
     void judge(RankedSuggestions& ranked, const int* word, int wordLength,
                const std::string& typedWord) const;
 
+    std::string dictionaryPath_;
     float languageWeight_ = -1.0f;
     std::array<int, wordengine::WORD_LENGTH_LIMIT> xCoordinates_{};
     std::array<int, wordengine::WORD_LENGTH_LIMIT> yCoordinates_{};

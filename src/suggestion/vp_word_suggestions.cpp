@@ -3,11 +3,13 @@
 
 #include "platform/bundle.h"
 #include "platform/user_defaults.h"
+#include "suggestion/language_resources.h"
 #include "suggestion/live_keys.h"
 #include "suggestion/word_request.h"
 #include "text/diagnostics.h"
 #include "text/utf.h"
 
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -21,17 +23,6 @@ using wordengine::Diagnostics;
 namespace {
 
 const std::string LANGUAGE_KEY = "Language";
-
-struct ResourceNames {
-    const char* dictionary;
-    const char* upperGeometry;
-    const char* lowerGeometry;
-};
-
-ResourceNames resourceNamesOf(const std::string& language) {
-    if (language == "en") return {"en_US", "en_US_P_81", "en_US_P_113"};
-    return {"ar_SA", "ar_SA_P", "ar_SA_P"};
-}
 
 /// A resource that is missing has an empty path: the engine then finds nothing to open.
 std::string pathOf(const platform::Bundle& bundle, const std::string& name, const char* extension) {
@@ -89,7 +80,7 @@ VPWordSuggestions::~VPWordSuggestions() = default;
 void VPWordSuggestions::setUp() {
     beginSetUp();
     const std::string language = defaults_.stringForKey(LANGUAGE_KEY).value_or(std::string());
-    const ResourceNames names = resourceNamesOf(language);
+    const LanguageResources names = resourcesOf(language);
     initializeTheAutoCorrectionModuleForDicPath(pathOf(bundle_, names.dictionary, "dic"),
                                                 bundle_.bundlePath(), language);
     endSetUp("set up called for word suggestions\n");
@@ -98,14 +89,16 @@ void VPWordSuggestions::setUp() {
 void VPWordSuggestions::setUpWithCustomValues() {
     beginSetUp();
     const std::string language = defaults_.stringForKey(LANGUAGE_KEY).value_or(std::string());
-    const ResourceNames names = resourceNamesOf(language);
+    const LanguageResources names = resourcesOf(language);
     LiveKeys keys = LiveKeys::fromFrames(keyFrames_, keyChars_);
     Diagnostics::print("Set up with custom values called\n");
+    language_ = language;
+    geometryFolder_.reset();
     suggestor_ = std::make_unique<SuggestionProvider>(
         language, pathOf(bundle_, names.dictionary, "dic"), truncateToInt(screenWidth_),
         truncateToInt(screenHeight_), keys.count(), keys.codes.data(), keys.upperCodes.data(), keys.xs.data(),
-        keys.ys.data(), keys.widths.data(), keys.heights.data(), pathOf(bundle_, names.lowerGeometry, "json"),
-        pathOf(bundle_, names.upperGeometry, "json"));
+        keys.ys.data(), keys.widths.data(), keys.heights.data(), pathOf(bundle_, names.geometry[0], "json"),
+        pathOf(bundle_, names.geometry[1], "json"));
     endSetUp(nullptr);
 }
 
@@ -113,6 +106,8 @@ void VPWordSuggestions::initializeTheAutoCorrectionModuleForDicPath(const std::s
                                                                     const std::string& proximityDirectory,
                                                                     const std::string& language) {
     if (!isReady()) beginSetUp();
+    language_ = language;
+    geometryFolder_ = proximityDirectory;
     suggestor_ = std::make_unique<SuggestionProvider>(dictionaryPath, proximityDirectory, language);
 }
 
@@ -190,6 +185,46 @@ void VPWordSuggestions::dismissWordSuggestor() {
 
 void VPWordSuggestions::setDiagnosticsStream(std::FILE* stream) {
     Diagnostics::setStream(stream);
+}
+
+std::optional<ResourceFault> VPWordSuggestions::findFault() const {
+    using Resource = ResourceFault::Resource;
+    if (!suggestor_) return ResourceFault{Resource::Dictionary, "no dictionary has been opened"};
+    if (auto text = suggestor_->findDictionaryFault()) return ResourceFault{Resource::Dictionary, *text};
+    if (auto text = findGeometryFault()) return ResourceFault{Resource::Geometry, *text};
+    return std::nullopt;
+}
+
+std::optional<std::string> VPWordSuggestions::findGeometryFault() const {
+    if (!geometryFolder_) return std::nullopt;
+    const LanguageResources names = resourcesOf(language_);
+    for (std::size_t i = 0; i < names.geometry.size(); ++i) {
+        const std::string path = *geometryFolder_ + "/" + names.geometryFile(i);
+        const wordengine::ProximityInfo* const layout = suggestor_->geometry().findLayout(path);
+        if (!layout) return path + ": " + std::strerror(ENOENT);
+        if (layout->getKeyCount() == 0 || layout->getKeyboardWidth() <= 0 ||
+            layout->getKeyboardHeight() <= 0 || layout->getProximityCharsOfCell(0, 0).empty()) {
+            return path + ": describes no keyboard";
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<KeyboardSize> VPWordSuggestions::keyboardSize() const {
+    if (!suggestor_) return std::nullopt;
+    if (!geometryFolder_) return KeyboardSize{screenWidth_, screenHeight_};
+    const std::string path = *geometryFolder_ + "/" + resourcesOf(language_).geometryFile();
+    const wordengine::ProximityInfo* const layout = suggestor_->geometry().findLayout(path);
+    if (!layout) return std::nullopt;
+    return KeyboardSize{static_cast<double>(layout->getKeyboardWidth()),
+                        static_cast<double>(layout->getKeyboardHeight())};
+}
+
+std::optional<TouchPoint> VPWordSuggestions::keyCenter(char32_t letter) const {
+    const int code = static_cast<int>(letter);
+    if (!suggestor_ || !suggestor_->geometry().hasKey(code)) return std::nullopt;
+    const KeyCoordinate center = suggestor_->geometry().keyCenter(code);
+    return TouchPoint{center.x, center.y};
 }
 
 const wordengine::SearchStatistics* VPWordSuggestions::searchStatistics() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "suggestion/ranked_suggestions.h"
+#include "suggestion/resource_fault.h"
 #include "vorpel/export.h"
 
 #include <cstdio>
@@ -30,6 +31,12 @@ struct TouchPoint {
     double y = 0;
 };
 
+/// In points.
+struct KeyboardSize {
+    double width = 0;
+    double height = 0;
+};
+
 /// The frame of one live key in points.
 struct LiveKeyFrame {
     double x = 0;
@@ -43,10 +50,11 @@ struct LiveKeyFrame {
 ///
 /// The language is the text stored under "Language": "en" is English, all else Arabic. The
 /// dictionary is the bundle's "en_US.dic" or "ar_SA.dic"; the geometry files lie in the bundle's own
-/// folder. Without a usable dictionary or geometry every answer is empty. An unreadable geometry file
-/// makes `create` throw std::runtime_error with the file and the reason.
+/// folder. Without a usable dictionary or geometry every answer is empty, and `findFault` says why. An
+/// unreadable geometry file makes `create` throw std::runtime_error with the file and the reason.
 ///
-/// Not thread-safe: create, ask and dismiss on one thread, or on one serial queue.
+/// Not thread-safe: create, ask and dismiss on one thread, or on one serial queue. Different objects may
+/// be used on different threads.
 class VORPEL_EXPORT VPWordSuggestions {
 public:
     /// The most words in an answer.
@@ -112,11 +120,24 @@ public:
     /// before the first request; it holds for the whole program.
     static void setDiagnosticsStream(std::FILE* stream);
 
+    /// What is missing or damaged among the files of the language; nothing when the service can answer.
+    /// Looks at the files' outlines only: a dictionary may still hold wrong bytes, whose words are then
+    /// missing from the answers. Live key frames need no geometry file of their own.
+    [[nodiscard]] std::optional<ResourceFault> findFault() const;
+
+    /// The keyboard whose points touches are given in, from the geometry of the small letters; nothing
+    /// without one.
+    [[nodiscard]] std::optional<KeyboardSize> keyboardSize() const;
+
+    /// The point that stands for a letter typed without a touch; nothing for a letter without a key.
+    [[nodiscard]] std::optional<TouchPoint> keyCenter(char32_t letter) const;
+
     /// What the last search did, for diagnosis; null before set-up.
     [[nodiscard]] const wordengine::SearchStatistics* searchStatistics() const;
 
 private:
     void beginSetUp();
+    [[nodiscard]] std::optional<std::string> findGeometryFault() const;
     void endSetUp(const char* message);
 
     template <typename Request>
@@ -130,6 +151,8 @@ private:
     std::vector<std::string> keyChars_;
     double screenWidth_ = 0;
     double screenHeight_ = 0;
+    std::string language_;
+    std::optional<std::string> geometryFolder_;  ///< none with live key frames
     std::unique_ptr<SuggestionProvider> suggestor_;
 };
 

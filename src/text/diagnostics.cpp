@@ -9,7 +9,7 @@ namespace wordengine {
 namespace {
 std::atomic<std::FILE*> sStream = stdout;
 thread_local int sSilences = 0;
-}
+}  // namespace
 
 void Diagnostics::setStream(std::FILE* stream) {
     sStream = stream;
