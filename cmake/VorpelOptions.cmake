@@ -11,21 +11,27 @@ set(VORPEL_EVAL_DIR ${PROJECT_SOURCE_DIR}/../shared/eval CACHE PATH
     "Evaluation sets; what they name is kept out of the dictionaries")
 mark_as_advanced(VORPEL_DATA_DIR VORPEL_EVAL_DIR)
 
+# The C interface is C99, and so are the programs that test it.
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_C_EXTENSIONS OFF)
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(VORPEL_CCACHE ccache)
 if(VORPEL_CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER ${VORPEL_CCACHE})
   set(CMAKE_CXX_COMPILER_LAUNCHER ${VORPEL_CCACHE})
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-                    -Wimplicit-fallthrough -Wundef -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wimplicit-fallthrough -Wundef -Werror
+                    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor> $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>)
 # g++ 12 sees overlaps in "literal" + std::string that are not there once it optimises.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   add_compile_options($<$<NOT:$<CONFIG:Debug>>:-Wno-restrict>)

@@ -53,7 +53,6 @@ bool isWholeToTheEnd(const wordengine::DictionaryStructureWithBufferPolicy& dict
 
 std::optional<std::string> findDictionaryFault(
     const std::string& path, const wordengine::DictionaryStructureWithBufferPolicy* dictionary) {
-    if (path.empty()) return "the dictionary is missing";
     if (!dictionary) return path + ": " + whyUnopened(path);
     if (!isWholeToTheEnd(*dictionary)) return path + ": the dictionary is damaged";
     return std::nullopt;

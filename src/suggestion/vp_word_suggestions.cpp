@@ -24,9 +24,10 @@ namespace {
 
 const std::string LANGUAGE_KEY = "Language";
 
-/// A resource that is missing has an empty path: the engine then finds nothing to open.
+/// A resource that is missing has the path that it should have: opening fails, and the failure names it.
 std::string pathOf(const platform::Bundle& bundle, const std::string& name, const char* extension) {
-    return bundle.pathForResource(name, extension).value_or(std::string());
+    const auto path = bundle.pathForResource(name, extension);
+    return path ? *path : bundle.bundlePath() + "/" + name + "." + extension;
 }
 
 bool isAnswerable(const std::u32string& word) {

@@ -136,9 +136,9 @@ public:
     [[nodiscard]] const wordengine::SearchStatistics* searchStatistics() const;
 
 private:
-    void beginSetUp();
-    [[nodiscard]] std::optional<std::string> findGeometryFault() const;
-    void endSetUp(const char* message);
+    VORPEL_INTERNAL void beginSetUp();
+    VORPEL_INTERNAL void endSetUp(const char* message);
+    [[nodiscard]] VORPEL_INTERNAL std::optional<std::string> findGeometryFault() const;
 
     template <typename Request>
     auto answer(Request&& request) -> std::optional<decltype(request())>;
