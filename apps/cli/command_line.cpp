@@ -138,6 +138,8 @@ void addEval(CLI::App& app, Action& action) {
     command->add_option("--set", arguments->set, "the set")->required();
     command->add_option("--every", arguments->every, "take every Nth row only, for a quick look")
         ->check(CLI::PositiveNumber);
+    command->add_flag("--digest", arguments->digest,
+                      "print one number made of every word and score of every answer, and no measures");
     command->add_option("--misses", arguments->missesFile, "write the words that stayed wrong to this file");
     command->add_flag("--json", arguments->json, "one JSON object");
 }

@@ -55,6 +55,7 @@ struct EvalArguments {
     std::string set;
     std::string missesFile;
     int every = 1;
+    bool digest = false;
     bool json = false;
 };
 int evaluate(const EvalArguments& arguments);

@@ -2,6 +2,7 @@
 #include "answer_printing.h"
 #include "commands.h"
 #include "compiler/dictionary_listing.h"
+#include "evaluation/answer_digest.h"
 #include "evaluation/evaluation_set.h"
 #include "evaluation/latencies.h"
 #include "evaluation/sentence_measures.h"
@@ -114,6 +115,37 @@ Json::Value evaluateSentences(const EvalArguments& arguments, const LanguageFile
     return result;
 }
 
+AnswerDigest digestRows(const EvalArguments& arguments, WordService& service) {
+    AnswerDigest digest;
+    const auto observe = [&](const std::string& typed, const Answer& answer) { digest.add(typed, answer); };
+    for (const EvaluationRow& row : thinned(readEvaluationRows(arguments.set), arguments.every)) {
+        if (!row.previous.empty()) digest.add(row.previous, service.predict(row.previous));
+        service.type(row.typed, row.previous, row.touches.points.empty() ? nullptr : &row.touches, observe);
+    }
+    return digest;
+}
+
+AnswerDigest digestSentences(const EvalArguments& arguments, WordService& service) {
+    AnswerDigest digest;
+    Latencies latencies;
+    for (const auto& sentence : thinned(readSentences(arguments.set), arguments.every)) {
+        for (const ForeseenWord& word : typeSentence(sentence, service, latencies)) {
+            digest.add(word.word, word.predicted);
+            for (const Answer& answer : word.answers) digest.add(word.word, answer);
+        }
+    }
+    return digest;
+}
+
+/// A line for the set: the digest, how many answers and words are in it, and the set's path.
+int printDigest(const EvalArguments& arguments, const LanguageFiles& files, bool isText) {
+    WordService service(files);
+    const AnswerDigest digest = isText ? digestSentences(arguments, service) : digestRows(arguments, service);
+    std::printf("%s  %ld answers  %ld words  %s\n", digest.toHex().c_str(), digest.answers(), digest.words(),
+                arguments.set.c_str());
+    return 0;
+}
+
 void printForPerson(const Json::Value& result) {
     for (const std::string& group : result.getMemberNames()) {
         std::printf("%s\n", group.c_str());
@@ -131,10 +163,14 @@ void printForPerson(const Json::Value& result) {
 }  // namespace
 
 int evaluate(const EvalArguments& arguments) {
+    // A line a request would be most of what is printed, and some of what is timed.
+    VPWordSuggestions::setDiagnosticsStream(nullptr);
     const LanguageFiles files = findLanguageFiles(arguments.choice);
+    const bool isText = arguments.set.ends_with(".txt");
+    if (arguments.digest) return printDigest(arguments, files, isText);
     Latencies latencies;
-    Json::Value result = arguments.set.ends_with(".txt") ? evaluateSentences(arguments, files, latencies)
-                                                         : evaluateRows(arguments, files, latencies);
+    Json::Value result =
+        isText ? evaluateSentences(arguments, files, latencies) : evaluateRows(arguments, files, latencies);
     result["time"] = latencies.toJson();
     if (arguments.json) {
         std::printf("%s\n", toLine(result).c_str());
