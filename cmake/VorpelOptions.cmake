@@ -3,6 +3,7 @@
 option(BUILD_SHARED_LIBS "Build libvorpel as a shared library" ON)
 option(VORPEL_BUILD_TESTS "Build the tests" ON)
 option(VORPEL_BUILD_DATA "Build the dictionaries and the key geometry" OFF)
+option(VORPEL_BUILD_BENCHMARKS "Build the programs that measure, and what they read" OFF)
 option(VORPEL_FUZZ "Instrument for libFuzzer (clang only)" OFF)
 set(VORPEL_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 # One folder for every preset: the sanitized tests read what the release build made.
