@@ -66,9 +66,9 @@ class Typist:
 
     def touch(self, letter: str) -> tuple[str, list[float]]:
         x, y = self.keyboard.centers[letter]
-        x += self.scatter() * SCATTER_X * self.keyboard.key_width
-        y += self.scatter() * SCATTER_Y * ROW_HEIGHT
-        return self.keyboard.key_at(x, y), [round(x, 1), round(y, 1)]
+        x = round(x + self.scatter() * SCATTER_X * self.keyboard.key_width, 1)
+        y = round(y + self.scatter() * SCATTER_Y * ROW_HEIGHT, 1)
+        return self.keyboard.key_at(x, y), [x, y]
 
     def slip(self, letters: str) -> str:
         made: list[str] = []
