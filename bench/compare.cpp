@@ -45,6 +45,7 @@ public:
     Words suggest(const std::string& word) {
         const AspellWordList* const list =
             aspell_speller_suggest(speller_.get(), word.data(), static_cast<int>(word.size()));
+        if (!list) throw std::runtime_error(aspell_speller_error_message(speller_.get()));
         const std::unique_ptr<AspellStringEnumeration, void (*)(AspellStringEnumeration*)> each(
             aspell_word_list_elements(list), delete_aspell_string_enumeration);
         Words words;
@@ -74,6 +75,7 @@ public:
         ++words_;
     }
 
+    [[nodiscard]] bool isEmpty() const { return words_ == 0; }
     [[nodiscard]] double mean() const { return words_ == 0 ? 0 : sum_ / words_; }
 
     [[nodiscard]] Json::Value toJson(const Column& reference) const {
@@ -92,6 +94,11 @@ private:
     int inTop1_ = 0;
     int inTop3_ = 0;
 };
+
+bool hasTouches(const TypedWord& word) {
+    return std::any_of(word.touches.begin(), word.touches.end(),
+                       [](const TouchPoint& touch) { return touch.x != MIDDLE_OF_KEY.x; });
+}
 
 /// As a checker would get the words: only the letters.
 TypedWord withoutTouches(TypedWord word) {
@@ -123,8 +130,10 @@ struct Columns {
         Json::Value json(Json::objectValue);
         json["vorpel, all letters"] = allLetters.toJson(allLetters);
         json["vorpel, last letter"] = lastLetter.toJson(allLetters);
-        json["vorpel with touches, all letters"] = touchedAllLetters.toJson(allLetters);
-        json["vorpel with touches, last letter"] = touchedLastLetter.toJson(allLetters);
+        if (!touchedAllLetters.isEmpty()) {
+            json["vorpel with touches, all letters"] = touchedAllLetters.toJson(allLetters);
+            json["vorpel with touches, last letter"] = touchedLastLetter.toJson(allLetters);
+        }
         json["hunspell"] = hunspell.toJson(allLetters);
         json["aspell, normal"] = aspell.toJson(allLetters);
         json["aspell, ultra"] = aspellFast.toJson(allLetters);
@@ -144,7 +153,7 @@ int run(const Options& options) {
     for (const TypedWord& word : readTypedWords(options.typedWords(), options.geometry, options.every)) {
         if (cli::comparable(word.typed(), false) == cli::comparable(word.intended, false)) continue;
         addService(withoutTouches(word), service, columns.lastLetter, columns.allLetters);
-        addService(word, service, columns.touchedLastLetter, columns.touchedAllLetters);
+        if (hasTouches(word)) addService(word, service, columns.touchedLastLetter, columns.touchedAllLetters);
         addChecker(
             word, [&](const std::string& typed) { return hunspell.suggest(typed); }, columns.hunspell);
         addChecker(
@@ -152,7 +161,7 @@ int run(const Options& options) {
         addChecker(
             word, [&](const std::string& typed) { return aspellFast.suggest(typed); }, columns.aspellFast);
     }
-    if (columns.allLetters.mean() == 0) throw std::runtime_error("no misspelled words in the set");
+    if (columns.allLetters.isEmpty()) throw std::runtime_error("no misspelled words in the set");
     std::printf("%s", columns.toJson().toStyledString().c_str());
     return 0;
 }
