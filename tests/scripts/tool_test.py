@@ -76,7 +76,7 @@ class ServeTest(ToolTest):
         bad = ["not JSON", "[1]", {"op": "sing"}, {"op": "suggest"}, {"op": "suggest", "word": 7}, "",
                {"op": "suggest", "word": "ab", "points": [[1, 2]]}, {"op": "suggest", "word": "a", "points": [[1]]},
                {"op": "suggest", "word": "a", "lang": "tlh"}, {"op": "suggest", "word": "a", "width": 0},
-               {"op": "suggest", "word": "a" * 2000}, "[" * 5000]
+               {"op": "suggest", "word": "a" * 2000}, "[" * 5000, " " * (1 << 21)]
         lines = [line for wrong in bad for line in (wrong, good)]
         answers = self.ask(*lines)
         self.assertEqual(len(answers), len(lines))
