@@ -5,14 +5,11 @@
 #include "compiler/dictionary_verifier.h"
 #include "compiler/recipe.h"
 #include "compiler/version2_writer.h"
+#include "storage/mmapped_buffer.h"
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
-#include <memory>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace vorpel::cli {
 
@@ -80,12 +77,10 @@ int lookUpInDict(const DictArguments& arguments) {
 }
 
 int verifyDict(const DictArguments& arguments) {
-    std::ifstream file(arguments.file, std::ios::binary);
+    const auto file = wordengine::MmappedBuffer::openBuffer(arguments.file.c_str(), false);
     if (!file) throw std::runtime_error(arguments.file + ": cannot be opened");
-    const std::vector<char> content{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad()) throw std::runtime_error(arguments.file + ": cannot be read");
-    const auto* bytes = reinterpret_cast<const uint8_t*>(content.data());
-    const auto findings = compiler::DictionaryVerifier::verify({bytes, content.size()});
+    const wordengine::ReadOnlyByteArrayView content = file->getReadOnlyByteArrayView();
+    const auto findings = compiler::DictionaryVerifier::verify({content.data(), content.size()});
     for (const compiler::VerifierFinding& finding : findings) {
         std::fprintf(stderr, "vorpel: %s: at byte %lld: %s\n", arguments.file.c_str(),
                      static_cast<long long>(finding.position), finding.message.c_str());

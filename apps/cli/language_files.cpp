@@ -45,6 +45,11 @@ fs::path folderThatHolds(const std::string& name) {
 }
 
 void checkReadable(const std::string& path) {
+    std::error_code error;
+    // Opening a pipe would wait for somebody to write into it.
+    if (fs::exists(path, error) && !fs::is_regular_file(path, error)) {
+        throw std::runtime_error(path + ": not a plain file");
+    }
     std::ifstream file(path, std::ios::binary);
     if (!file) throw std::runtime_error(path + ": " + std::strerror(errno));
 }

@@ -42,11 +42,18 @@ std::vector<Entry> listEntries(const std::string& directory) {
 /// Some dozen times what a keyboard's geometry takes; parsed, a file takes many times its size in memory.
 constexpr std::uintmax_t MAX_JSON_FILE_SIZE = 1 << 20;
 
-/// A file whose size cannot be told is left to the reader, which finds out soon enough.
-bool isTooLarge(const std::string& path) {
+/// A file that cannot be looked at is left to the reader, which finds out soon enough.
+void requireReadableSize(const std::string& path) {
     std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    // Opening a pipe would wait for somebody to write into it.
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        throw FileUtils::readingFailure(path, "it is not a plain file");
+    }
     const std::uintmax_t size = std::filesystem::file_size(path, error);
-    return !error && size > MAX_JSON_FILE_SIZE;
+    if (!error && size > MAX_JSON_FILE_SIZE) {
+        throw FileUtils::readingFailure(path, "the file is too large");
+    }
 }
 
 bool parse(std::istream& stream, Json::Value* root, std::string* errors) {
@@ -71,7 +78,7 @@ FileUtils::ReadingFailure FileUtils::readingFailure(const std::string& path, con
 }
 
 Json::Value FileUtils::loadJson(const std::string& path) {
-    if (isTooLarge(path)) throw readingFailure(path, "the file is too large");
+    requireReadableSize(path);
     Json::Value root;
     std::string reason;
     try {

@@ -28,8 +28,8 @@ public:
 
     FileUtils() = delete;
 
-    /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed, or is
-    /// larger than 1 MiB.
+    /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed, is
+    /// larger than 1 MiB, or is no plain file.
     static Json::Value loadJson(const std::string& path);
 
     /// "reading file : PATH has failed : REASON".

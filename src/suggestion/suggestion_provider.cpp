@@ -12,7 +12,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
+#include <system_error>
 #include <utility>
 
 namespace vorpel {
@@ -98,6 +100,9 @@ void SuggestionProvider::openDictionary(const std::string& dictionaryPath) {
 }
 
 long SuggestionProvider::get_file_size(const std::string& path) {
+    std::error_code error;
+    // Opening a pipe would wait for somebody to write into it.
+    if (!std::filesystem::is_regular_file(path, error)) return -1;
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     if (!file) return -1;
     return static_cast<int>(static_cast<std::streamoff>(file.tellg()));

@@ -91,7 +91,8 @@ public:
     /// What the last search did, for diagnosis.
     [[nodiscard]] const wordengine::SearchStatistics& searchStatistics() const;
 
-    /// The size of a file in bytes narrowed to 32 bits, -1 when it cannot be opened.
+    /// The size of a file in bytes narrowed to 32 bits, -1 when it cannot be opened or is no
+    /// plain file.
     static long get_file_size(const std::string& path);
 
 private:

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/suggestion_provider.h"
 
+#include "compiler/dictionary_listing.h"
+#include "compiler/input_error.h"
 #include "dictionary/prev_words_info.h"
 #include "search/results/suggestions_output_utils.h"
 #include "search/suggest_options.h"
+#include "suggestion/geometry_file.h"
 #include "support/small_language.h"
 #include "text/utf.h"
 
@@ -12,6 +15,7 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <sys/stat.h>
 
 namespace vorpel {
 namespace {
@@ -236,6 +240,22 @@ TEST_F(SuggestionProviderTest, AnUnusableDictionaryIsNoticedAtTheFirstRequest) {
     wordengine::PrevWordsInfo none;
     EXPECT_EQ(SuggestionProvider::get_file_size(language.folder().path("nothing")), -1);
     EXPECT_EQ(SuggestionProvider::get_file_size(language.folder().path("en_US.dic")), 13);
+}
+
+/// They would be waited for, for ever.
+TEST_F(SuggestionProviderTest, PipesAndFoldersAreNoFiles) {
+    const std::string pipe = language.folder().path("pipe.dic");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, language.folder().path(), std::string("/dev/zero")}) {
+        EXPECT_EQ(SuggestionProvider::get_file_size(path), -1);
+        EXPECT_THROW(compiler::DictionaryListing::open(path), compiler::CompileError);
+        EXPECT_THROW(GeometryFile::load(path), std::runtime_error);
+        SuggestionProvider provider(path, language.folder().path(), "en");
+        wordengine::PrevWordsInfo none;
+        EXPECT_TRUE(provider.getPredictions(18, &none).empty());
+    }
+    ASSERT_EQ(mkfifo(language.folder().path("en_US_P_pipe.json").c_str(), 0600), 0);
+    EXPECT_THROW(Typist{language}, std::runtime_error);
 }
 
 }  // namespace
