@@ -19,9 +19,11 @@ constexpr double ROWS_OF_A_PAGE = 4;
 std::map<int, TouchPoint> centersByCode(const std::string& geometryFile) {
     const GeometryFile geometry = GeometryFile::load(geometryFile);
     std::map<int, TouchPoint> centers;
-    for (std::size_t i = 0; i < geometry.keyCharCodes.size(); ++i) {
-        centers[geometry.keyCharCodes[i]] = {geometry.sweetSpotCenterXs.at(i),
-                                             geometry.sweetSpotCenterYs.at(i)};
+    // A file may hold more codes than centres.
+    const std::size_t keys = std::min(
+        {geometry.keyCharCodes.size(), geometry.sweetSpotCenterXs.size(), geometry.sweetSpotCenterYs.size()});
+    for (std::size_t i = 0; i < keys; ++i) {
+        centers[geometry.keyCharCodes[i]] = {geometry.sweetSpotCenterXs[i], geometry.sweetSpotCenterYs[i]};
     }
     return centers;
 }
