@@ -119,9 +119,7 @@ double Directive::number(const char* key, double fallback, double least, double 
     double value = 0.0;
     if (!parseNumber(*text, &value)) throw error(std::string(key) + "=" + *text + " is not a number");
     if (value < least || value > most) {
-        const bool hasMost = most != std::numeric_limits<double>::max();
-        throw error(std::string(key) + "=" + *text + " is not " +
-                    (hasMost ? plain(least) + " to " + plain(most) : plain(least) + " or more"));
+        throw error(std::string(key) + "=" + *text + " is not " + plain(least) + " to " + plain(most));
     }
     return value;
 }

@@ -4,7 +4,6 @@
 #include "compiler/input_error.h"
 #include "compiler/recipe.h"
 
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,8 +32,7 @@ public:
     std::optional<std::string> option(const char* key);
     /// Whether the option has just this text; it is taken only then.
     bool hasOption(const char* key, const char* text);
-    double number(const char* key, double fallback, double least,
-                  double most = std::numeric_limits<double>::max());
+    double number(const char* key, double fallback, double least, double most);
     int integer(const char* key, int fallback, int least, int most);
     std::optional<int> optionalInteger(const char* key, int least, int most);
 

@@ -34,8 +34,10 @@ std::vector<std::string_view> fields(const ListFile& file, std::string_view line
 }
 
 double requireCount(const ListFile& file, std::string_view text) {
+    // More than was ever written; sums of more could leave the range of numbers.
+    constexpr double GREATEST_COUNT = 1e15;
     double count = 0.0;
-    if (!parseNumber(trimmed(text), &count) || count < 0.0) {
+    if (!parseNumber(trimmed(text), &count) || count < 0.0 || count > GREATEST_COUNT) {
         throw file.error(quoted(text) + " is not a count");
     }
     return count;

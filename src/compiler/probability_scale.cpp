@@ -23,6 +23,8 @@ int raised(int unigram, int strength) {
 
 int toScale(const ScaleRule& rule, double frequency) {
     const double value = std::round(rule.base + rule.factor * std::log2(frequency / rule.reference));
+    // No frequency at all and a factor of 0.
+    if (std::isnan(value)) return rule.minimum;
     return static_cast<int>(
         std::clamp(value, static_cast<double>(rule.minimum), static_cast<double>(rule.maximum)));
 }

@@ -13,6 +13,9 @@ namespace vorpel::compiler {
 namespace {
 
 constexpr int MANY = 100000000;
+/// What is multiplied and summed up stays a number.
+constexpr double GREATEST_WEIGHT = 1e6;
+constexpr double GREATEST_COUNT = 1e15;
 
 void readAttribute(Directive& line, Recipe& recipe) {
     std::string key = line.argument("a key");
@@ -24,7 +27,8 @@ void readAttribute(Directive& line, Recipe& recipe) {
 }
 
 void readWords(Directive& line, Recipe& recipe) {
-    WordSource source{line.source(), line.number("weight", 1.0, 0.0), WordSourceKind::COUNTS};
+    WordSource source{line.source(), line.number("weight", 1.0, 0.0, GREATEST_WEIGHT),
+                      WordSourceKind::COUNTS};
     const std::string kind = line.option("kind").value_or("counts");
     if (kind == "probability") {
         source.kind = WordSourceKind::PROBABILITY;
@@ -37,11 +41,12 @@ void readWords(Directive& line, Recipe& recipe) {
 }
 
 void readArpa(Directive& line, Recipe& recipe) {
-    recipe.arpas.push_back({line.source(), line.number("weight", 1.0, 0.0), line.number("tokens", 1e6, 1.0)});
+    recipe.arpas.push_back({line.source(), line.number("weight", 1.0, 0.0, GREATEST_WEIGHT),
+                            line.number("tokens", 1e6, 1.0, GREATEST_COUNT)});
 }
 
 void readNgrams(Directive& line, Recipe& recipe) {
-    recipe.ngrams.push_back({line.source(), line.number("weight", 1.0, 0.0)});
+    recipe.ngrams.push_back({line.source(), line.number("weight", 1.0, 0.0, GREATEST_WEIGHT)});
 }
 
 void readSeed(Directive& line, Recipe& recipe) {
@@ -79,10 +84,10 @@ void readScale(Directive& line, Recipe& recipe) {
 
 void readPairs(Directive& line, Recipe& recipe) {
     PairsRule rule;
-    rule.minimum = line.number("minimum", rule.minimum, 0.0);
+    rule.minimum = line.number("minimum", rule.minimum, 0.0, GREATEST_COUNT);
     rule.perWord = line.integer("per-word", rule.perWord, 0, MANY);
-    rule.discount = line.number("discount", rule.discount, 0.0);
-    rule.prior = line.number("prior", rule.prior, 0.0);
+    rule.discount = line.number("discount", rule.discount, 0.0, GREATEST_COUNT);
+    rule.prior = line.number("prior", rule.prior, 0.0, GREATEST_COUNT);
     recipe.pairs = rule;
 }
 
