@@ -17,6 +17,10 @@ constexpr int NO_TIMESTAMP = -1;
 constexpr int NO_LEVEL = 0;
 constexpr int NO_COUNT = 0;
 
+/// More than any real word has. An entry of one byte may stand for a word of 48 letters, so that a list as
+/// long as its file would take many times the file in memory.
+constexpr size_t MAX_BIGRAMS_OF_A_WORD = 65536;
+
 }  // namespace
 
 WordProperty PatriciaTriePolicy::getWordProperty(const int* word, int length) const {
@@ -37,7 +41,8 @@ std::vector<BigramProperty> PatriciaTriePolicy::readBigramProperties(const PtNod
     std::array<int, WORD_LENGTH_LIMIT> codePoints;
     const int64_t bytesAtStart = bytesOfWordSearches_;
     BinaryDictionaryBigramsIterator bigrams(&bigramListPolicy_, ptNodeParams.getBigramsPos());
-    while (bigrams.hasNext() && canSearchMoreWords(bytesAtStart)) {
+    while (bigrams.hasNext() && canSearchMoreWords(bytesAtStart) &&
+           properties.size() < MAX_BIGRAMS_OF_A_WORD) {
         bigrams.next();
         int unigramProbability;
         const int length = getCodePointsAndProbabilityAndReturnCodePointCount(
