@@ -5,6 +5,7 @@
 
 #include <cassert>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace wordengine {
@@ -25,6 +26,7 @@ public:
     void clear() {
         size_ = 0;
         rejectedCount_ = 0;
+        bytesRead_ = 0;
         isLocked_ = false;
         accepts_ = nullptr;
     }
@@ -38,6 +40,10 @@ public:
 
     /// Children that the filter turned away.
     int getRejectedCount() const { return rejectedCount_; }
+
+    /// What it took to read the children, lists and all.
+    void countBytesRead(int byteCount) { bytesRead_ += byteCount; }
+    int64_t getBytesRead() const { return bytesRead_; }
 
     [[nodiscard]] int getSizeAndLock() {
         isLocked_ = true;
@@ -85,6 +91,7 @@ private:
     std::vector<DicNode> dicNodes_;
     size_t size_ = 0;
     int rejectedCount_ = 0;
+    int64_t bytesRead_ = 0;
     bool isLocked_ = false;
     bool (*accepts_)(const void* context, int codePoint) = nullptr;
     const void* filterContext_ = nullptr;

@@ -21,7 +21,10 @@ namespace {
 
 /// Far above what any real dictionary makes a request look at; a forged one, whose nodes all have
 /// thousands of fitting children, would keep it busy for hours.
-constexpr int MAX_CHILDREN_EXAMINED = 30000000;
+constexpr int MAX_CHILDREN_EXAMINED = 4000000;
+
+/// The same for forged lists, long ones that have to be read over to come to the next child.
+constexpr int64_t MAX_BYTES_EXAMINED = int64_t{1} << 25;
 
 /// A letter as seen from one input point, for filters.
 struct PointView {
@@ -61,11 +64,15 @@ int fetchChildren(DicTraverseSession* session, const DicNode* dicNode, DicNodeVe
                   LetterFilter filter = nullptr, const void* view = nullptr) {
     outChildren->clear();
     SearchStatistics* const statistics = session->getMutableStatistics();
-    if (statistics->childrenExamined > MAX_CHILDREN_EXAMINED) return 0;
+    if (statistics->childrenExamined > MAX_CHILDREN_EXAMINED ||
+        statistics->bytesExamined > MAX_BYTES_EXAMINED) {
+        return 0;
+    }
     if (filter) outChildren->setFilter(filter, view);
     DicNodeUtils::getAllChildDicNodes(dicNode, session->getDictionaryStructurePolicy(), outChildren);
     const int count = outChildren->getSizeAndLock();
     statistics->childrenExamined += count + outChildren->getRejectedCount();
+    statistics->bytesExamined += outChildren->getBytesRead();
     return count;
 }
 

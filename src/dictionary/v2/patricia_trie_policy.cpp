@@ -60,7 +60,10 @@ void PatriciaTriePolicy::createAndGetAllChildDicNodes(const DicNode* dicNode,
             isCorrupted_ = true;
             return;
         }
-        nextPos = createAndGetLeavingChildNode(dicNode, nextPos, childDicNodes);
+        const int pos = nextPos;
+        nextPos = createAndGetLeavingChildNode(dicNode, pos, childDicNodes);
+        const int end = nextPos == NO_DICT_POS ? static_cast<int>(body_.size()) : nextPos;
+        childDicNodes->countBytesRead(end - pos);
     }
 }
 
