@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 namespace wordengine {
 
 class BigramProperty;
 class DicNode;
+class DicNodeChildList;
 class DicNodeVector;
 class DictionaryHeaderStructurePolicy;
 class DictionaryShortcutsStructurePolicy;
@@ -27,8 +29,15 @@ public:
 
     virtual int getRootPosition() const = 0;
 
+    /// Appends what there is to know of each child in the array of nodes that is not deleted.
+    virtual void readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const = 0;
+
     /// Appends one node per child of `dicNode` that is not deleted.
-    virtual void createAndGetAllChildDicNodes(const DicNode* dicNode, DicNodeVector* childDicNodes) const = 0;
+    void createAndGetAllChildDicNodes(const DicNode* dicNode, DicNodeVector* childDicNodes) const;
+
+    /// Another number for each dictionary that was ever opened: what has been read of one may be kept under
+    /// its number.
+    uint64_t getIdentity() const { return identity_; }
 
     /// The word that ends at the node: its length, 0 if there is none. `outCodePoints` holds
     /// `maxCodePointCount`; a longer word is not found.
@@ -74,7 +83,10 @@ public:
     virtual bool isCorrupted() const = 0;
 
 protected:
-    DictionaryStructureWithBufferPolicy() = default;
+    DictionaryStructureWithBufferPolicy();
+
+private:
+    const uint64_t identity_;
 };
 
 }  // namespace wordengine

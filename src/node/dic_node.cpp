@@ -20,29 +20,6 @@ void DicNode::initAsRootWithPreviousWord(const DicNode* prevWordLastDicNode, int
     state_.initAsRootWithPreviousWord(prevWordLastDicNode->state_);
 }
 
-void DicNode::initByCopy(const DicNode* other) {
-    isCachedForNextSuggestion_ = other->isCachedForNextSuggestion_;
-    properties_ = other->properties_;
-    state_.initByCopy(other->state_);
-}
-
-void DicNode::initAsPassingChild(const DicNode* parent) {
-    isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
-    properties_.initAsPassingChild(parent->properties_, parent->getPassingCodePoint());
-    state_.initByCopy(parent->state_);
-}
-
-void DicNode::initAsChild(const DicNode* parent, int ptNodePos, int childrenPtNodeArrayPos, int probability,
-                          bool isTerminal, bool hasChildren, bool isBlacklistedOrNotAWord,
-                          int mergedNodeCodePointCount, const int* mergedNodeCodePoints) {
-    isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
-    const int codePoint = mergedNodeCodePoints ? mergedNodeCodePoints[0] : NO_CODE_POINT;
-    properties_.initAsChild(parent->properties_, ptNodePos, childrenPtNodeArrayPos, codePoint, probability,
-                            isTerminal, hasChildren, isBlacklistedOrNotAWord, mergedNodeCodePointCount);
-    state_.initByCopy(parent->state_);
-    state_.output_.addMergedNodeCodePoints(mergedNodeCodePointCount, mergedNodeCodePoints);
-}
-
 bool DicNode::isValidMultipleWordSuggestion() const {
     if (isBlacklistedOrNotAWord()) return false;
     return state_.output_.getPrevWordLength() != 1 || getNodeCodePointCount() != 1;

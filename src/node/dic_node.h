@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "node/dic_node_child.h"
 #include "node/dic_node_properties.h"
 #include "node/dic_node_state.h"
 #include "node/error_type_utils.h"
@@ -21,13 +22,61 @@ public:
     void initAsRoot(int rootPtNodeArrayPos, const int* prevWordsPtNodePos);
     /// The root for the word after `prevWordLastDicNode`'s; its costs are carried on.
     void initAsRootWithPreviousWord(const DicNode* prevWordLastDicNode, int rootPtNodeArrayPos);
-    void initByCopy(const DicNode* other);
+    void initByCopy(const DicNode* other) {
+        initByCopyWithoutWords(other);
+        takeWordsOf(other);
+    }
     /// The next code point of the dictionary node that `parent` is in the middle of.
-    void initAsPassingChild(const DicNode* parent);
+    void initAsPassingChild(const DicNode* parent) {
+        initAsPassingChildWithoutWords(parent);
+        takeWordsOf(parent);
+    }
+    void initAsPassingChildWithoutWords(const DicNode* parent) {
+        isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
+        properties_.initAsPassingChild(parent->properties_, parent->getPassingCodePoint());
+        state_.initByCopyWithoutWords(parent->state_);
+    }
     /// The first of the `mergedNodeCodePointCount` code points of a child of `parent`.
     void initAsChild(const DicNode* parent, int ptNodePos, int childrenPtNodeArrayPos, int probability,
                      bool isTerminal, bool hasChildren, bool isBlacklistedOrNotAWord,
-                     int mergedNodeCodePointCount, const int* mergedNodeCodePoints);
+                     int mergedNodeCodePointCount, const int* mergedNodeCodePoints) {
+        isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
+        const int codePoint = mergedNodeCodePoints ? mergedNodeCodePoints[0] : NO_CODE_POINT;
+        properties_.initAsChild(parent->properties_, ptNodePos, childrenPtNodeArrayPos, codePoint,
+                                probability, isTerminal, hasChildren, isBlacklistedOrNotAWord,
+                                mergedNodeCodePointCount);
+        state_.initByCopy(parent->state_);
+        state_.output_.addMergedNodeCodePoints(mergedNodeCodePointCount, mergedNodeCodePoints);
+    }
+    void initAsChild(const DicNode* parent, const DicNodeChild& child, const int* codePoints) {
+        initAsChildWithoutWords(parent, child);
+        takeWordsOf(parent);
+        addCodePoints(child.codePointCount, codePoints);
+    }
+    /// A child that has not been given its words: what reads them needs `takeWordsOf` its parent and
+    /// `addCodePoints` first.
+    void initAsChildWithoutWords(const DicNode* parent, const DicNodeChild& child) {
+        isCachedForNextSuggestion_ = parent->isCachedForNextSuggestion_;
+        properties_.initAsChild(parent->properties_, child.ptNodePos, child.childrenPtNodeArrayPos,
+                                child.codePoint, child.probability, child.isTerminal, child.hasChildren,
+                                child.isBlacklistedOrNotAWord, child.codePointCount);
+        state_.initByCopyWithoutWords(parent->state_);
+    }
+    void addCodePoints(int count, const int* codePoints) {
+        state_.output_.addMergedNodeCodePoints(count, codePoints);
+    }
+    /// A copy that has not been given its words: what reads them needs `takeWordsOf` first.
+    void initByCopyWithoutWords(const DicNode* other) {
+        isCachedForNextSuggestion_ = other->isCachedForNextSuggestion_;
+        properties_ = other->properties_;
+        state_.initByCopyWithoutWords(other->state_);
+    }
+    /// What has been charged to `other`, and how far it has come in the input.
+    void takeCostsOf(const DicNode* other) {
+        state_.scoring_ = other->state_.scoring_;
+        state_.input_ = other->state_.input_;
+    }
+    void takeWordsOf(const DicNode* other) { state_.output_.copyWords(other->state_.output_); }
 
     // What the dictionary says.
     int getPtNodePos() const { return properties_.getPtNodePos(); }

@@ -24,9 +24,14 @@ public:
     }
 
     void initByCopy(const DicNodeState& other) {
+        initByCopyWithoutWords(other);
+        output_.copyWords(other.output_);
+    }
+
+    void initByCopyWithoutWords(const DicNodeState& other) {
         scoring_ = other.scoring_;
         input_ = other.input_;
-        output_.initByCopy(other.output_);
+        output_.copyPositions(other.output_);
     }
 
     DicNodeStateScoring scoring_;

@@ -27,10 +27,28 @@ public:
 
     void initByCopy(const DicNodeStateOutput& other) {
         copyPositions(other);
-        // One more than the count: the 0 behind the words.
-        const int copied = std::min(other.outputtedCodePointCount_ + 1, WORD_LENGTH_LIMIT);
-        std::memcpy(codePointBuf_, other.codePointBuf_,
-                    static_cast<size_t>(copied) * sizeof(codePointBuf_[0]));
+        copyWords(other);
+    }
+
+    /// Everything but the words.
+    void copyPositions(const DicNodeStateOutput& other) {
+        outputtedCodePointCount_ = other.outputtedCodePointCount_;
+        currentWordStart_ = other.currentWordStart_;
+        prevWordCount_ = other.prevWordCount_;
+        prevWordsLength_ = other.prevWordsLength_;
+        prevWordStart_ = other.prevWordStart_;
+        secondWordFirstInputIndex_ = other.secondWordFirstInputIndex_;
+    }
+
+    /// The words of `other`, whose positions this has already, and the 0 behind them. Whole blocks: the
+    /// most frequent copy of a search has no length to branch on.
+    void copyWords(const DicNodeStateOutput& other) {
+        constexpr int block = 4;
+        static_assert(WORD_LENGTH_LIMIT % block == 0);
+        const int end = std::min(other.outputtedCodePointCount_ + 1, WORD_LENGTH_LIMIT);
+        for (int i = 0; i < end; i += block) {
+            std::memcpy(codePointBuf_ + i, other.codePointBuf_ + i, block * sizeof(codePointBuf_[0]));
+        }
     }
 
     /// For the root of a next word: a space, and the next word begins behind it.
@@ -76,15 +94,6 @@ public:
     int getSecondWordFirstInputIndex() const { return secondWordFirstInputIndex_; }
 
 private:
-    void copyPositions(const DicNodeStateOutput& other) {
-        outputtedCodePointCount_ = other.outputtedCodePointCount_;
-        currentWordStart_ = other.currentWordStart_;
-        prevWordCount_ = other.prevWordCount_;
-        prevWordsLength_ = other.prevWordsLength_;
-        prevWordStart_ = other.prevWordStart_;
-        secondWordFirstInputIndex_ = other.secondWordFirstInputIndex_;
-    }
-
     uint16_t outputtedCodePointCount_;
     uint16_t currentWordStart_;
     int16_t prevWordCount_;

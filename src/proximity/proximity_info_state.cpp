@@ -40,7 +40,10 @@ void ProximityInfoState::initInputParams(int pointerId, float maxPointToKeyLengt
     takeProximityInfo(proximityInfo);
     const bool isTypedWord = !isGeometric && pointerId == 0;
     inputProximities_.fill(0);
-    if (isTypedWord) buildInputProximities(inputCodes, input);
+    if (isTypedWord) {
+        letterCache_.clear();
+        buildInputProximities(inputCodes, input);
+    }
 
     maxPointToKeyLength_ = maxPointToKeyLength;
     sampledInputSize_ = 0;
@@ -182,6 +185,15 @@ ProximityType ProximityInfoState::getProximityType(int index, int codePoint, boo
         }
     }
     return PROXIMITY_SUBSTITUTION;
+}
+
+PointLetter ProximityInfoState::lookAtLetter(int index, int codePoint) const {
+    const int base = CharUtils::toBaseLowerCase(codePoint);
+    return {.codePoint = codePoint,
+            .length = getPointToKeyLength(index, base),
+            .generation = letterCache_.generation(),
+            .type = getProximityType(index, codePoint, true),
+            .isPrimaryLetter = CharUtils::toBaseLowerCase(getPrimaryCodePointAt(index)) == base};
 }
 
 bool ProximityInfoState::sameAsTyped(const int* word, int length) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "proximity/key_float_map.h"
+#include "proximity/point_letter.h"
 #include "proximity/proximity_info.h"
 #include "proximity/proximity_params.h"
 #include "proximity/proximity_type.h"
@@ -64,6 +65,13 @@ public:
     ProximityType getProximityType(int index, int codePoint, bool checkProximityChars,
                                    int* proximityIndex = nullptr) const;
 
+    /// All of this about one letter, of a point below `size()`. Good until the next question.
+    const PointLetter& getLetterAt(int index, int codePoint) const {
+        PointLetter& letter = letterCache_.placeOf(index, codePoint);
+        if (!letterCache_.isKnown(letter, codePoint)) letter = lookAtLetter(index, codePoint);
+        return letter;
+    }
+
     /// Whether the word is what the primary code points spell.
     bool sameAsTyped(const int* word, int length) const;
 
@@ -84,6 +92,7 @@ public:
 
 private:
     bool checkAndReturnIsContinuousSuggestionPossible(const RawInput& input) const;
+    PointLetter lookAtLetter(int index, int codePoint) const;
     void takeProximityInfo(const ProximityInfo* proximityInfo);
     void buildInputProximities(const int* inputCodes, const RawInput& input);
     int continueOrClear();
@@ -110,6 +119,7 @@ private:
     std::vector<SearchKeyVector> sampledSearchKeyVectors_;
     bool touchPositionCorrectionEnabled_ = false;
     std::array<int, WORD_LENGTH_LIMIT * PROXIMITY_SLOT_COUNT> inputProximities_{};
+    mutable PointLetterCache letterCache_;
     int sampledInputSize_ = 0;
     std::array<int, WORD_LENGTH_LIMIT> primaryInputWord_{};
     float mostProbableStringProbability_ = 0.0f;

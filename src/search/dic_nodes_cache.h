@@ -38,11 +38,28 @@ public:
 
     /// The worst node first.
     void popActive(DicNode* dest) { activeDicNodes_->copyPop(dest); }
+    /// All of them where they lie, the best first; good until the queues are swapped.
+    std::span<const RankedDicNode> activeInOrder() { return activeDicNodes_->inOrder(); }
     void popTerminal(DicNode* dest) { terminalDicNodes_->copyPop(dest); }
 
     void copyPushActive(const DicNode* dicNode) { activeDicNodes_->copyPush(dicNode); }
     void copyPushNextActive(const DicNode* dicNode) { nextActiveDicNodes_->copyPush(dicNode); }
     void copyPushTerminal(const DicNode* dicNode) { terminalDicNodes_->copyPush(dicNode); }
+    /// Whether words that go on from the node, which is past the input and can only become worse, might be
+    /// among the best.
+    bool mayBecomeTerminal(const DicNode* dicNode) const { return mayTakeTerminal(dicNode); }
+    DicNode* lendPlaceInNextActive() { return nextActiveDicNodes_->lendPlace(); }
+    void pushNextActiveInPlace(DicNode* dicNode) { nextActiveDicNodes_->pushInPlace(dicNode); }
+    void giveBackPlaceInNextActive(DicNode* dicNode) { nextActiveDicNodes_->giveBackPlace(dicNode); }
+    bool mayTakeNextActive(const DicNode* dicNode) const {
+        return nextActiveDicNodes_->mayTake(ErrorTypeUtils::isExactMatch(dicNode->getContainedErrorTypes()),
+                                            dicNode->getNormalizedCompoundDistance());
+    }
+    /// Whether a finished word of this exactness and distance might be among the best.
+    bool mayTakeTerminal(const DicNode* dicNode) const {
+        return terminalDicNodes_->mayTake(ErrorTypeUtils::isExactMatch(dicNode->getContainedErrorTypes()),
+                                          dicNode->getNormalizedCompoundDistance());
+    }
     void copyPushContinue(const DicNode* dicNode) {
         cachedDicNodesForContinuousSuggestion_->copyPush(dicNode);
     }

@@ -5,6 +5,7 @@
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "dictionary/prev_words_info.h"
 #include "search/dictionary.h"
+#include "text/digraph_utils.h"
 
 #include <stdexcept>
 
@@ -18,6 +19,10 @@ void DicTraverseSession::init(const Dictionary* dictionary, const PrevWordsInfo*
     if (!dictionaryStructurePolicy_) throw std::runtime_error("Dictionary Buffer Policy is nil.");
     multiWordCostMultiplier_ =
         dictionaryStructurePolicy_->getHeaderStructurePolicy()->getMultiWordCostMultiplier();
+    hasDigraphs_ =
+        DigraphUtils::getDigraphTypeForDictionary(dictionaryStructurePolicy_->getHeaderStructurePolicy()) !=
+        DigraphUtils::DIGRAPH_TYPE_NONE;
+    workspace_.children.attach(dictionaryStructurePolicy_);
     suggestOptions_ = suggestOptions;
     prevWordsPtNodePos_[0] = NO_DICT_POS;
     if (prevWordsInfo) {

@@ -60,6 +60,8 @@ public:
     /// Points of all pointers.
     int getInputSize() const { return inputSize_; }
     float getMultiWordCostMultiplier() const { return multiWordCostMultiplier_; }
+    /// Whether some letters of the dictionary may be typed as two.
+    bool hasDigraphs() const { return hasDigraphs_; }
     bool isTouchPositionCorrectionEnabled() const {
         return proximityInfoStates_[0].touchPositionCorrectionEnabled();
     }
@@ -88,6 +90,7 @@ private:
     int inputSize_ = 0;
     int maxPointerCount_ = 1;
     float multiWordCostMultiplier_ = 1.0f;
+    bool hasDigraphs_ = false;
     SearchWorkspace workspace_;
     SearchStatistics statistics_;
 };

@@ -53,8 +53,10 @@ private:
 Dictionary::Dictionary(
     DictionaryStructureWithBufferPolicy::StructurePolicyPtr dictionaryStructureWithBufferPolicy)
     : dictionaryStructureWithBufferPolicy_(std::move(dictionaryStructureWithBufferPolicy)),
-      gestureSuggest_(std::make_unique<Suggest>(GestureSuggestPolicyFactory::getGestureSuggestPolicy())),
-      typingSuggest_(std::make_unique<Suggest>(TypingSuggestPolicyFactory::getTypingSuggestPolicy())) {}
+      gestureSuggest_(
+          std::make_unique<Suggest<SuggestPolicy>>(GestureSuggestPolicyFactory::getGestureSuggestPolicy())),
+      typingSuggest_(std::make_unique<Suggest<TypingSuggestPolicy>>(
+          TypingSuggestPolicyFactory::getTypingSuggestPolicy())) {}
 
 Dictionary::~Dictionary() = default;
 

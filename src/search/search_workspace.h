@@ -2,23 +2,20 @@
 #pragma once
 
 #include "node/dic_node.h"
-#include "node/dic_node_vector.h"
+#include "search/children_cache.h"
 
 #include <vector>
 
 namespace wordengine {
 
-/// The room in which one step of a search works. One vector for each loop over children that may be
-/// running at the same time as the others; all keep their storage from request to request.
+/// Storage that a search uses again and again.
 struct SearchWorkspace {
-    DicNodeVector children;
-    DicNodeVector omissionChildren;
-    DicNodeVector insertionChildren;
-    DicNodeVector transpositionFirstChildren;
-    DicNodeVector transpositionSecondChildren;
+    ChildrenCache children;
     std::vector<DicNode> terminals;
-    DicNode poppedNode;
-    DicNode correctionNode;
+    DicNode completedNode;
+    DicNode childNode;
+    DicNode grandchildNode;
+    DicNode digraphNode;
     DicNode terminalNode;
     DicNode nextWordNode;
 };

@@ -5,13 +5,15 @@
 #include "dictionary/dictionary_header_structure_policy.h"
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "node/dic_node.h"
-#include "node/dic_node_vector.h"
 #include "proximity/proximity_info_state.h"
 #include "search/dic_traverse_session.h"
+#include "search/next_letters.h"
 #include "search/results/suggestions_output_utils.h"
 #include "search/suggest_policy.h"
 #include "search/traversal.h"
+#include "search/typing/typing_suggest_policy.h"
 #include "search/weighting.h"
+#include "search/weighting_charge.h"
 #include "text/digraph_utils.h"
 #include "text/engine_constants.h"
 
@@ -24,56 +26,20 @@ namespace {
 constexpr int MAX_CHILDREN_EXAMINED = 4000000;
 
 /// The same for forged lists, long ones that have to be read over to come to the next child.
-constexpr int64_t MAX_BYTES_EXAMINED = int64_t{1} << 25;
+constexpr int64_t MAX_BYTES_READ = int64_t{1} << 25;
 
-/// A letter as seen from one input point, for filters.
-struct PointView {
-    const ProximityInfoState* state;
-    int pointIndex;
-};
-
-/// Near enough to the point to have been meant by it.
-bool isNearPoint(const void* pointView, int codePoint) {
-    const auto* const view = static_cast<const PointView*>(pointView);
-    const ProximityType type = view->state->getProximityType(view->pointIndex, codePoint, true);
-    return type == PROXIMITY_MATCH || type == PROXIMITY_NEAR || type == PROXIMITY_ADDITIONAL;
-}
-
-bool isPrimaryLetterOfPoint(const void* pointView, int codePoint) {
-    const auto* const view = static_cast<const PointView*>(pointView);
-    return view->state->getPrimaryCodePointAt(view->pointIndex) == codePoint;
-}
-
-/// A letter that was left out.
-struct OmissionView {
-    const Traversal* traversal;
-    const DicTraverseSession* session;
-    const DicNode* omittedDicNode;
-};
-
-bool mayFollowOmission(const void* omissionView, int codePoint) {
-    const auto* const view = static_cast<const OmissionView*>(omissionView);
-    return view->traversal->isPossibleOmissionCodePoint(view->session, view->omittedDicNode, codePoint);
-}
-
-using LetterFilter = bool (*)(const void* view, int codePoint);
-
-/// Fills the vector with the node's children, those that pass the filter if there is one, and returns
-/// their number.
-int fetchChildren(DicTraverseSession* session, const DicNode* dicNode, DicNodeVector* outChildren,
-                  LetterFilter filter = nullptr, const void* view = nullptr) {
-    outChildren->clear();
-    SearchStatistics* const statistics = session->getMutableStatistics();
-    if (statistics->childrenExamined > MAX_CHILDREN_EXAMINED ||
-        statistics->bytesExamined > MAX_BYTES_EXAMINED) {
-        return 0;
+/// The letters behind the node; none for a request that has looked at more than any honest one.
+NextLetters nextLettersOf(DicTraverseSession* session, const DicNode* dicNode) {
+    ChildrenCache* const cache = &session->getWorkspace()->children;
+    int* const childrenExamined = &session->getMutableStatistics()->childrenExamined;
+    if (*childrenExamined > MAX_CHILDREN_EXAMINED || cache->getBytesRead() > MAX_BYTES_READ) {
+        return NextLetters();
     }
-    if (filter) outChildren->setFilter(filter, view);
-    DicNodeUtils::getAllChildDicNodes(dicNode, session->getDictionaryStructurePolicy(), outChildren);
-    const int count = outChildren->getSizeAndLock();
-    statistics->childrenExamined += count + outChildren->getRejectedCount();
-    statistics->bytesExamined += outChildren->getBytesRead();
-    return count;
+    return NextLetters(dicNode, cache, childrenExamined);
+}
+
+bool isNearPoint(const DicTraverseSession* session, int pointIndex, int codePoint) {
+    return session->getProximityInfoState(0)->getLetterAt(pointIndex, codePoint).isNear();
 }
 
 void pushNextActive(DicTraverseSession* session, const DicNode* dicNode) {
@@ -83,15 +49,18 @@ void pushNextActive(DicTraverseSession* session, const DicNode* dicNode) {
 
 }  // namespace
 
-Suggest::Suggest(const SuggestPolicy* suggestPolicy)
+template <class PolicyType>
+Suggest<PolicyType>::Suggest(const PolicyType* suggestPolicy)
     : traversal_(suggestPolicy ? suggestPolicy->getTraversal() : nullptr),
       scoring_(suggestPolicy ? suggestPolicy->getScoring() : nullptr),
       weighting_(suggestPolicy ? suggestPolicy->getWeighting() : nullptr) {}
 
-void Suggest::getSuggestions(const ProximityInfo* proximityInfo, void* traverseSession, const int* inputXs,
-                             const int* inputYs, const int* times, const int* pointerIds,
-                             const int* inputCodePoints, int inputSize, float weightOfLangModelVsSpatialModel,
-                             SuggestionResults* outSuggestionResults) const {
+template <class PolicyType>
+void Suggest<PolicyType>::getSuggestions(const ProximityInfo* proximityInfo, void* traverseSession,
+                                         const int* inputXs, const int* inputYs, const int* times,
+                                         const int* pointerIds, const int* inputCodePoints, int inputSize,
+                                         float weightOfLangModelVsSpatialModel,
+                                         SuggestionResults* outSuggestionResults) const {
     if (!traversal_ || !proximityInfo || inputSize < 0 || inputSize > WORD_LENGTH_LIMIT) return;
     auto* const session = static_cast<DicTraverseSession*>(traverseSession);
     const float maxSpatialDistance = traversal_->getMaxSpatialDistance();
@@ -108,7 +77,8 @@ void Suggest::getSuggestions(const ProximityInfo* proximityInfo, void* traverseS
                                               outSuggestionResults);
 }
 
-void Suggest::initializeSearch(DicTraverseSession* session, int inputSize) const {
+template <class PolicyType>
+void Suggest<PolicyType>::initializeSearch(DicTraverseSession* session, int inputSize) const {
     if (session->getInputSize() > MIN_CONTINUOUS_SUGGESTION_INPUT_SIZE &&
         session->isContinuousSuggestionPossible()) {
         session->getDicTraverseCache()->continueSearch();
@@ -121,17 +91,15 @@ void Suggest::initializeSearch(DicTraverseSession* session, int inputSize) const
     session->getDicTraverseCache()->copyPushActive(root);
 }
 
-void Suggest::expandCurrentDicNodes(DicTraverseSession* session) const {
+template <class PolicyType>
+void Suggest<PolicyType>::expandCurrentDicNodes(DicTraverseSession* session) const {
     DicNodesCache* const cache = session->getDicTraverseCache();
     SearchStatistics* const statistics = session->getMutableStatistics();
     ++statistics->passes;
-    session->getWorkspace()->children.reserve(static_cast<size_t>(traversal_->getDefaultExpandDicNodeSize()));
     const bool shouldDepthLevelCache = traversal_->shouldDepthLevelCache(session);
     if (shouldDepthLevelCache) cache->updateLastCachedInputIndex();
-    DicNode* const dicNode = &session->getWorkspace()->poppedNode;
-    while (cache->activeSize() > 0) {
-        cache->popActive(dicNode);
-        // The others are left behind too: the swap of the queues clears them.
+    for (const RankedDicNode& active : cache->activeInOrder()) {
+        DicNode* const dicNode = active.dicNode;
         if (dicNode->isTotalInputSizeExceedingLimit()) return;
         ++statistics->nodesExpanded;
         if (shouldDepthLevelCache || traversal_->shouldNodeLevelCache(session, dicNode)) {
@@ -143,7 +111,8 @@ void Suggest::expandCurrentDicNodes(DicTraverseSession* session) const {
     }
 }
 
-void Suggest::expandDicNode(DicTraverseSession* session, DicNode* dicNode) const {
+template <class PolicyType>
+void Suggest<PolicyType>::expandDicNode(DicTraverseSession* session, DicNode* dicNode) const {
     if (dicNode->isInDigraph()) {
         processDicNodeAsDigraph(session, dicNode);
         return;
@@ -166,33 +135,77 @@ void Suggest::expandDicNode(DicTraverseSession* session, DicNode* dicNode) const
     }
 }
 
-void Suggest::expandChildren(DicTraverseSession* session, const DicNode* dicNode,
-                             bool allowsErrorCorrections) const {
-    DicNodeVector& children = session->getWorkspace()->children;
-    const bool isCompletion = dicNode->isCompletion(session->getInputSize());
-    const int childCount = fetchChildren(session, dicNode, &children);
-    for (int i = 0; i < childCount; ++i) {
-        if (isCompletion) {
-            processDicNodeAsMatch(session, children[i]);
-        } else {
-            tryChild(session, dicNode, children[i], allowsErrorCorrections);
+template <class PolicyType>
+void Suggest<PolicyType>::expandChildren(DicTraverseSession* session, const DicNode* dicNode,
+                                         bool allowsErrorCorrections) const {
+    if (dicNode->isCompletion(session->getInputSize())) {
+        expandCompletions(session, dicNode);
+        return;
+    }
+    DicNode* const childDicNode = &session->getWorkspace()->childNode;
+    const bool mayBeAnyLetter = allowsErrorCorrections || session->hasDigraphs();
+    const NextLetters letters = nextLettersOf(session, dicNode);
+    for (int i = letters.begin(); i < letters.end(); ++i) {
+        if (!mayBeAnyLetter &&
+            !traversal_->isGoodWithoutCorrection(session, dicNode, letters.codePointAt(i))) {
+            continue;
         }
+        letters.initNode(i, childDicNode);
+        tryChild(session, dicNode, childDicNode, allowsErrorCorrections);
     }
 }
 
-void Suggest::tryChild(DicTraverseSession* session, const DicNode* dicNode, DicNode* childDicNode,
-                       bool allowsErrorCorrections) const {
-    DicNode* const correctionDicNode = &session->getWorkspace()->correctionNode;
-    if (DigraphUtils::hasDigraphForCodePoint(
-            session->getDictionaryStructurePolicy()->getHeaderStructurePolicy(),
-            childDicNode->getNodeCodePoint())) {
-        correctionDicNode->initByCopy(childDicNode);
-        correctionDicNode->advanceDigraphIndex();
-        processDicNodeAsDigraph(session, correctionDicNode);
+/// Whatever the letter, a completion costs the same: it is charged once, before the children are made, and
+/// most of them turn out to be of no use before they are given their words.
+template <class PolicyType>
+void Suggest<PolicyType>::expandCompletions(DicTraverseSession* session, const DicNode* dicNode) const {
+    DicNode* const charged = &session->getWorkspace()->completedNode;
+    charged->initByCopyWithoutWords(dicNode);
+    weightChildNode(session, charged);
+    if (charged->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return;
+    DicNodesCache* const cache = session->getDicTraverseCache();
+    // Several words end with the input: completing the last of them would be guessing. What is worse than
+    // every word found will not become better.
+    const bool goesOn = !dicNode->hasMultipleWords() && cache->mayBecomeTerminal(charged);
+    DicNode* place = goesOn ? cache->lendPlaceInNextActive() : nullptr;
+    const NextLetters letters = nextLettersOf(session, dicNode);
+    for (int i = letters.begin(); i < letters.end(); ++i) {
+        DicNode* const child = place ? place : &session->getWorkspace()->childNode;
+        letters.initNodeWithoutWords(i, child);
+        child->takeCostsOf(charged);
+        DicNode* const terminal = makeTerminalDicNode(session, child);
+        const bool mayBeTaken = goesOn && child->hasChildren() && cache->mayTakeNextActive(child);
+        if (!terminal && !mayBeTaken) continue;
+        letters.giveWords(i, child);
+        if (terminal) {
+            terminal->takeWordsOf(child);
+            cache->copyPushTerminal(terminal);
+        }
+        if (!mayBeTaken) continue;
+        ++session->getMutableStatistics()->nodesPushedActive;
+        if (place) {
+            cache->pushNextActiveInPlace(place);
+            place = cache->lendPlaceInNextActive();
+        } else {
+            cache->copyPushNextActive(child);
+        }
+    }
+    if (place) cache->giveBackPlaceInNextActive(place);
+}
+
+template <class PolicyType>
+void Suggest<PolicyType>::tryChild(DicTraverseSession* session, const DicNode* dicNode, DicNode* childDicNode,
+                                   bool allowsErrorCorrections) const {
+    if (session->hasDigraphs() && DigraphUtils::hasDigraphForCodePoint(
+                                      session->getDictionaryStructurePolicy()->getHeaderStructurePolicy(),
+                                      childDicNode->getNodeCodePoint())) {
+        DicNode* const digraphDicNode = &session->getWorkspace()->digraphNode;
+        digraphDicNode->initByCopy(childDicNode);
+        digraphDicNode->advanceDigraphIndex();
+        processDicNodeAsDigraph(session, digraphDicNode);
     }
     if (traversal_->isOmission(session, dicNode, childDicNode, allowsErrorCorrections)) {
-        correctionDicNode->initByCopy(childDicNode);
-        processDicNodeAsOmission(session, correctionDicNode);
+        processDicNodeAsOmission(session, childDicNode);
     }
     switch (traversal_->getProximityType(session, dicNode, childDicNode)) {
         case PROXIMITY_MATCH:
@@ -212,24 +225,32 @@ void Suggest::tryChild(DicTraverseSession* session, const DicNode* dicNode, DicN
     }
 }
 
-void Suggest::processTerminalDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
-    if (dicNode->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return;
-    if (!dicNode->isTerminalDicNode()) return;
-    if (dicNode->shouldBeFilteredBySafetyNetForBigram()) return;
-    if (!dicNode->hasMatchedOrProximityCodePoints()) return;
-    DicNode* const terminalDicNode = &session->getWorkspace()->terminalNode;
-    terminalDicNode->initByCopy(dicNode);
-    if (traversal_->needsToTraverseAllUserInput() && dicNode->getInputIndex(0) < session->getInputSize()) {
-        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TERMINAL_INSERTION, session, nullptr,
-                                               terminalDicNode, session->getMultiBigramMap());
-    }
-    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TERMINAL, session, nullptr, terminalDicNode,
-                                           session->getMultiBigramMap());
+template <class PolicyType>
+void Suggest<PolicyType>::processTerminalDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
+    DicNode* const terminalDicNode = makeTerminalDicNode(session, dicNode);
+    if (!terminalDicNode) return;
+    terminalDicNode->takeWordsOf(dicNode);
     session->getDicTraverseCache()->copyPushTerminal(terminalDicNode);
-    ++session->getMutableStatistics()->terminals;
 }
 
-void Suggest::processExpandedDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
+template <class PolicyType>
+DicNode* Suggest<PolicyType>::makeTerminalDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
+    if (dicNode->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return nullptr;
+    if (!dicNode->isTerminalDicNode()) return nullptr;
+    if (dicNode->shouldBeFilteredBySafetyNetForBigram()) return nullptr;
+    if (!dicNode->hasMatchedOrProximityCodePoints()) return nullptr;
+    DicNode* const terminalDicNode = &session->getWorkspace()->terminalNode;
+    terminalDicNode->initByCopyWithoutWords(dicNode);
+    if (traversal_->needsToTraverseAllUserInput() && dicNode->getInputIndex(0) < session->getInputSize()) {
+        charge(CORRECTION_TERMINAL_INSERTION, session, nullptr, terminalDicNode);
+    }
+    charge(CORRECTION_TERMINAL, session, nullptr, terminalDicNode);
+    ++session->getMutableStatistics()->terminals;
+    return session->getDicTraverseCache()->mayTakeTerminal(terminalDicNode) ? terminalDicNode : nullptr;
+}
+
+template <class PolicyType>
+void Suggest<PolicyType>::processExpandedDicNode(DicTraverseSession* session, const DicNode* dicNode) const {
     processTerminalDicNode(session, dicNode);
     if (dicNode->getCompoundDistance() >= WEIGHT_CEILING_FLOAT) return;
     if (traversal_->isSpaceOmissionTerminal(session, dicNode)) {
@@ -241,92 +262,118 @@ void Suggest::processExpandedDicNode(DicTraverseSession* session, const DicNode*
     if (dicNode->hasChildren() && allowsLookAhead) pushNextActive(session, dicNode);
 }
 
-void Suggest::weightChildNode(DicTraverseSession* session, DicNode* dicNode) const {
-    const CorrectionType correctionType =
-        dicNode->isCompletion(session->getInputSize()) ? CORRECTION_COMPLETION : CORRECTION_MATCH;
-    Weighting::addCostAndForwardInputIndex(weighting_, correctionType, session, nullptr, dicNode, nullptr);
+template <class PolicyType>
+inline void Suggest<PolicyType>::charge(CorrectionType correctionType, DicTraverseSession* session,
+                                        const DicNode* parentDicNode, DicNode* dicNode) const {
+    WeightingCharge<std::remove_const_t<WeightingType>>::addCostAndForwardInputIndex(
+        weighting_, correctionType, session, parentDicNode, dicNode, session->getMultiBigramMap());
 }
 
-void Suggest::createNextWordDicNode(DicTraverseSession* session, const DicNode* dicNode,
-                                    bool spaceSubstitution) const {
+template <class PolicyType>
+void Suggest<PolicyType>::weightChildNode(DicTraverseSession* session, DicNode* dicNode) const {
+    if (dicNode->isCompletion(session->getInputSize())) {
+        charge(CORRECTION_COMPLETION, session, nullptr, dicNode);
+    } else {
+        charge(CORRECTION_MATCH, session, nullptr, dicNode);
+    }
+}
+
+template <class PolicyType>
+void Suggest<PolicyType>::createNextWordDicNode(DicTraverseSession* session, const DicNode* dicNode,
+                                                bool spaceSubstitution) const {
     if (!traversal_->isGoodToTraverseNextWord(dicNode)) return;
     DicNode* const newDicNode = &session->getWorkspace()->nextWordNode;
     DicNodeUtils::initAsRootWithPreviousWord(session->getDictionaryStructurePolicy(), dicNode, newDicNode);
-    const CorrectionType correctionType =
-        spaceSubstitution ? CORRECTION_NEW_WORD_SPACE_SUBSTITUTION : CORRECTION_NEW_WORD_SPACE_OMISSION;
-    Weighting::addCostAndForwardInputIndex(weighting_, correctionType, session, dicNode, newDicNode,
-                                           session->getMultiBigramMap());
+    if (spaceSubstitution) {
+        charge(CORRECTION_NEW_WORD_SPACE_SUBSTITUTION, session, dicNode, newDicNode);
+    } else {
+        charge(CORRECTION_NEW_WORD_SPACE_OMISSION, session, dicNode, newDicNode);
+    }
     if (newDicNode->getCompoundDistance() < WEIGHT_CEILING_FLOAT) pushNextActive(session, newDicNode);
 }
 
-void Suggest::processDicNodeAsMatch(DicTraverseSession* session, DicNode* childDicNode) const {
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsMatch(DicTraverseSession* session, DicNode* childDicNode) const {
     weightChildNode(session, childDicNode);
     processExpandedDicNode(session, childDicNode);
 }
 
-void Suggest::processDicNodeAsDigraph(DicTraverseSession* session, DicNode* childDicNode) const {
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsDigraph(DicTraverseSession* session, DicNode* childDicNode) const {
     weightChildNode(session, childDicNode);
     childDicNode->advanceDigraphIndex();
     processExpandedDicNode(session, childDicNode);
 }
 
-/// `dicNode` is the letter that was left out; the letters behind it are tried at its point. Those that do
-/// not fit are left out before they are charged: nobody sees what they would have cost.
-void Suggest::processDicNodeAsOmission(DicTraverseSession* session, const DicNode* dicNode) const {
-    DicNodeVector& children = session->getWorkspace()->omissionChildren;
-    const OmissionView omission{traversal_, session, dicNode};
-    const int childCount = fetchChildren(session, dicNode, &children, mayFollowOmission, &omission);
-    for (int i = 0; i < childCount; ++i) {
-        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_OMISSION, session, dicNode, children[i],
-                                               nullptr);
-        weightChildNode(session, children[i]);
-        processExpandedDicNode(session, children[i]);
+/// `dicNode` is the letter that was left out; the letters behind it are tried at its point.
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsOmission(DicTraverseSession* session,
+                                                   const DicNode* dicNode) const {
+    DicNode* const childDicNode = &session->getWorkspace()->grandchildNode;
+    const NextLetters letters = nextLettersOf(session, dicNode);
+    for (int i = letters.begin(); i < letters.end(); ++i) {
+        if (!traversal_->isPossibleOmissionCodePoint(session, dicNode, letters.codePointAt(i))) continue;
+        letters.initNode(i, childDicNode);
+        charge(CORRECTION_OMISSION, session, dicNode, childDicNode);
+        weightChildNode(session, childDicNode);
+        processExpandedDicNode(session, childDicNode);
     }
 }
 
-void Suggest::processDicNodeAsInsertion(DicTraverseSession* session, const DicNode* dicNode) const {
-    const PointView nextPoint{session->getProximityInfoState(0), dicNode->getInputIndex(0) + 1};
-    DicNodeVector& children = session->getWorkspace()->insertionChildren;
-    const int childCount = fetchChildren(session, dicNode, &children, isPrimaryLetterOfPoint, &nextPoint);
-    for (int i = 0; i < childCount; ++i) {
-        Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_INSERTION, session, dicNode,
-                                               children[i], nullptr);
-        processExpandedDicNode(session, children[i]);
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsInsertion(DicTraverseSession* session,
+                                                    const DicNode* dicNode) const {
+    DicNode* const childDicNode = &session->getWorkspace()->childNode;
+    const int nextCodePoint =
+        session->getProximityInfoState(0)->getPrimaryCodePointAt(dicNode->getInputIndex(0) + 1);
+    const NextLetters letters = nextLettersOf(session, dicNode);
+    for (int i = letters.begin(); i < letters.end(); ++i) {
+        if (letters.codePointAt(i) != nextCodePoint) continue;
+        letters.initNode(i, childDicNode);
+        charge(CORRECTION_INSERTION, session, dicNode, childDicNode);
+        processExpandedDicNode(session, childDicNode);
     }
 }
 
-void Suggest::processDicNodeAsTransposition(DicTraverseSession* session, const DicNode* dicNode) const {
-    const PointView point{session->getProximityInfoState(0), dicNode->getInputIndex(0)};
-    const PointView nextPoint{point.state, point.pointIndex + 1};
-    DicNodeVector& firstChildren = session->getWorkspace()->transpositionFirstChildren;
-    DicNodeVector& secondChildren = session->getWorkspace()->transpositionSecondChildren;
-    const int firstCount = fetchChildren(session, dicNode, &firstChildren, isNearPoint, &nextPoint);
-    for (int i = 0; i < firstCount; ++i) {
-        const DicNode* const first = firstChildren[i];
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsTransposition(DicTraverseSession* session,
+                                                        const DicNode* dicNode) const {
+    const int pointIndex = dicNode->getInputIndex(0);
+    DicNode* const first = &session->getWorkspace()->childNode;
+    DicNode* const second = &session->getWorkspace()->grandchildNode;
+    const NextLetters firstLetters = nextLettersOf(session, dicNode);
+    for (int i = firstLetters.begin(); i < firstLetters.end(); ++i) {
+        if (!isNearPoint(session, pointIndex + 1, firstLetters.codePointAt(i))) continue;
+        firstLetters.initNode(i, first);
         if (!first->hasChildren()) continue;
-        const int secondCount = fetchChildren(session, first, &secondChildren, isNearPoint, &point);
-        for (int j = 0; j < secondCount; ++j) {
-            Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_TRANSPOSITION, session, first,
-                                                   secondChildren[j], nullptr);
-            processExpandedDicNode(session, secondChildren[j]);
+        const NextLetters secondLetters = nextLettersOf(session, first);
+        for (int j = secondLetters.begin(); j < secondLetters.end(); ++j) {
+            if (!isNearPoint(session, pointIndex, secondLetters.codePointAt(j))) continue;
+            secondLetters.initNode(j, second);
+            charge(CORRECTION_TRANSPOSITION, session, first, second);
+            processExpandedDicNode(session, second);
         }
     }
 }
 
-void Suggest::processDicNodeAsAdditionalProximityChar(DicTraverseSession* session, const DicNode* dicNode,
-                                                      DicNode* childDicNode) const {
-    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_ADDITIONAL_PROXIMITY, session, dicNode,
-                                           childDicNode, nullptr);
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsAdditionalProximityChar(DicTraverseSession* session,
+                                                                  const DicNode* dicNode,
+                                                                  DicNode* childDicNode) const {
+    charge(CORRECTION_ADDITIONAL_PROXIMITY, session, dicNode, childDicNode);
     weightChildNode(session, childDicNode);
     processExpandedDicNode(session, childDicNode);
 }
 
-void Suggest::processDicNodeAsSubstitution(DicTraverseSession* session, const DicNode* dicNode,
-                                           DicNode* childDicNode) const {
-    Weighting::addCostAndForwardInputIndex(weighting_, CORRECTION_SUBSTITUTION, session, dicNode,
-                                           childDicNode, nullptr);
+template <class PolicyType>
+void Suggest<PolicyType>::processDicNodeAsSubstitution(DicTraverseSession* session, const DicNode* dicNode,
+                                                       DicNode* childDicNode) const {
+    charge(CORRECTION_SUBSTITUTION, session, dicNode, childDicNode);
     weightChildNode(session, childDicNode);
     processExpandedDicNode(session, childDicNode);
 }
+
+template class Suggest<SuggestPolicy>;
+template class Suggest<TypingSuggestPolicy>;
 
 }  // namespace wordengine

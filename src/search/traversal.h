@@ -43,9 +43,16 @@ public:
                                              const DicNode* parentDicNode, const DicNode* dicNode) const = 0;
     /// Whether the word that ends here is common enough to be followed by another one.
     virtual bool isGoodToTraverseNextWord(const DicNode* dicNode) const = 0;
-    /// `isPossibleOmissionChildNode` for a node of that letter, asked before the node is made.
+
+    // The same by the letter alone, asked before a node is made for it.
+
+    /// `isPossibleOmissionChildNode` for a node of that letter.
     virtual bool isPossibleOmissionCodePoint(const DicTraverseSession* traverseSession,
                                              const DicNode* parentDicNode, int codePoint) const = 0;
+    /// Whether the point that the node has reached may have meant the letter without any further slip, or
+    /// the letter may have been left out on purpose.
+    virtual bool isGoodWithoutCorrection(const DicTraverseSession* traverseSession, const DicNode* dicNode,
+                                         int codePoint) const = 0;
 
     virtual ~Traversal() = default;
     Traversal(const Traversal&) = delete;

@@ -31,7 +31,20 @@ public:
                                             MultiBigramMap* multiBigramMap);
 
     /// Input points that the correction consumes.
-    static int getForwardInputCount(CorrectionType correctionType);
+    static constexpr int getForwardInputCount(CorrectionType correctionType) {
+        switch (correctionType) {
+            case CORRECTION_MATCH:
+            case CORRECTION_COMPLETION:
+            case CORRECTION_TERMINAL_INSERTION:
+            case CORRECTION_NEW_WORD_SPACE_SUBSTITUTION:
+                return 1;
+            case CORRECTION_INSERTION:
+            case CORRECTION_TRANSPOSITION:
+                return 2;
+            default:
+                return 0;
+        }
+    }
 
     virtual float getTerminalSpatialCost(const DicTraverseSession* traverseSession,
                                          const DicNode* dicNode) const = 0;
@@ -72,14 +85,6 @@ public:
 
 protected:
     Weighting() = default;
-
-private:
-    static float getSpatialCost(const Weighting* weighting, CorrectionType correctionType,
-                                const DicTraverseSession* traverseSession, const DicNode* parentDicNode,
-                                const DicNode* dicNode, DicNode_InputStateG* inputStateG);
-    static float getLanguageCost(const Weighting* weighting, CorrectionType correctionType,
-                                 const DicTraverseSession* traverseSession, const DicNode* parentDicNode,
-                                 const DicNode* dicNode, MultiBigramMap* multiBigramMap);
 };
 
 }  // namespace wordengine

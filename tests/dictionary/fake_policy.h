@@ -43,7 +43,7 @@ public:
     }
 
     int getRootPosition() const override { return 0; }
-    void createAndGetAllChildDicNodes(const DicNode*, DicNodeVector*) const override {}
+    void readChildren(int, DicNodeChildList*) const override {}
     int getCodePointsAndProbabilityAndReturnCodePointCount(int, int, int*, int*) const override { return 0; }
     int getShortcutPositionOfPtNode(int) const override { return NO_DICT_POS; }
     const DictionaryHeaderStructurePolicy* getHeaderStructurePolicy() const override { return nullptr; }

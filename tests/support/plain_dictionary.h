@@ -81,9 +81,8 @@ public:
 
     int getRootPosition() const override { return ROOT; }
 
-    void createAndGetAllChildDicNodes(const DicNode* dicNode, DicNodeVector* childDicNodes) const override {
-        if (!dicNode->hasChildren()) return;
-        for (const auto& [codePoint, child] : nodeAt(dicNode->getChildrenPtNodeArrayPos()).children) {
+    void readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const override {
+        for (const auto& [codePoint, child] : nodeAt(ptNodeArrayPos).children) {
             CodePoints merged{codePoint};
             int last = child;
             while (chains_ == Chains::Merged && !nodeAt(last).isTerminal &&
@@ -92,9 +91,8 @@ public:
                 last = nodeAt(last).children.begin()->second;
             }
             const Node& node = nodeAt(last);
-            childDicNodes->pushLeavingChild(dicNode, last, last, node.probability, node.isTerminal,
-                                            !node.children.empty(), node.isNotAWord,
-                                            static_cast<int>(merged.size()), merged.data());
+            outChildren->add(last, last, node.probability, node.isTerminal, !node.children.empty(),
+                             node.isNotAWord, static_cast<int>(merged.size()), merged.data());
         }
     }
 

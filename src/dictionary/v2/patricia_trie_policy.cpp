@@ -6,8 +6,8 @@
 #include "dictionary/trie/pt_node_params.h"
 #include "dictionary/v2/patricia_trie_reading_utils.h"
 #include "dictionary/v2/patricia_trie_word_finder.h"
-#include "node/dic_node.h"
-#include "node/dic_node_vector.h"
+#include "node/dic_node_child.h"
+#include "storage/byte_reader.h"
 #include "text/char_utils.h"
 #include "text/engine_constants.h"
 
@@ -45,50 +45,29 @@ PatriciaTriePolicy::PatriciaTriePolicy(MmappedBuffer::MmappedBufferPtr mmappedBu
       ptNodeReader_(body_, &bigramListPolicy_, &shortcutListPolicy_),
       ptNodeArrayReader_(body_) {}
 
-void PatriciaTriePolicy::createAndGetAllChildDicNodes(const DicNode* dicNode,
-                                                      DicNodeVector* childDicNodes) const {
-    if (!dicNode->hasChildren()) return;
-    int ptNodeCount = 0;
-    int nextPos = NO_DICT_POS;
-    if (!ptNodeArrayReader_.readPtNodeArrayInfoAndReturnIfValid(dicNode->getChildrenPtNodeArrayPos(),
-                                                                &ptNodeCount, &nextPos)) {
-        isCorrupted_ = true;
-        return;
-    }
-    for (int i = 0; i < ptNodeCount; ++i) {
-        if (!isInBody(nextPos)) {
-            isCorrupted_ = true;
-            return;
-        }
-        const int pos = nextPos;
-        nextPos = createAndGetLeavingChildNode(dicNode, pos, childDicNodes);
-        const int end = nextPos == NO_DICT_POS ? static_cast<int>(body_.size()) : nextPos;
-        childDicNodes->countBytesRead(end - pos);
-    }
-}
-
-int PatriciaTriePolicy::createAndGetLeavingChildNode(const DicNode* dicNode, int ptNodePos,
-                                                     DicNodeVector* childDicNodes) const {
-    NodeFlags flags;
+void PatriciaTriePolicy::readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const {
+    ByteReader reader(body_, ptNodeArrayPos);
+    const int ptNodeCount = PatriciaTrieReadingUtils::getPtNodeArraySizeAndAdvancePosition(&reader);
     std::array<int, WORD_LENGTH_LIMIT> codePoints;
-    codePoints[0] = NO_CODE_POINT;
-    int codePointCount, probability, childrenPos, shortcutPos, bigramPos, siblingPos;
-    if (!PatriciaTrieReadingUtils::readPtNodeInfo(body_, ptNodePos, &shortcutListPolicy_, &bigramListPolicy_,
-                                                  &flags, &codePointCount, codePoints.data(), &probability,
-                                                  &childrenPos, &shortcutPos, &bigramPos, &siblingPos)) {
-        // Behind the last child nobody would ask where its sibling is.
-        isCorrupted_ = true;
-        return NO_DICT_POS;
-    }
-    // Other first letters are marks of the dictionary's own, which nobody types.
-    if (CharUtils::isInUnicodeSpace(codePoints[0])) {
-        childDicNodes->pushLeavingChild(
-            dicNode, ptNodePos, childrenPos, probability, PatriciaTrieReadingUtils::isTerminal(flags),
+    for (int i = 0; i < ptNodeCount && reader.ok(); ++i) {
+        const int ptNodePos = reader.position();
+        NodeFlags flags;
+        codePoints[0] = NO_CODE_POINT;
+        int codePointCount, probability, childrenPos, shortcutPos, bigramPos;
+        const bool isWhole = PatriciaTrieReadingUtils::readPtNodeInfo(
+            &reader, &shortcutListPolicy_, &bigramListPolicy_, &flags, &codePointCount, codePoints.data(),
+            &probability, &childrenPos, &shortcutPos, &bigramPos);
+        // Other first letters are marks of the dictionary's own, which nobody types.
+        if (!isWhole || !CharUtils::isInUnicodeSpace(codePoints[0])) continue;
+        outChildren->add(
+            ptNodePos, childrenPos, probability, PatriciaTrieReadingUtils::isTerminal(flags),
             PatriciaTrieReadingUtils::hasChildrenInFlags(flags),
             PatriciaTrieReadingUtils::isBlacklisted(flags) || PatriciaTrieReadingUtils::isNotAWord(flags),
             codePointCount, codePoints.data());
     }
-    return siblingPos;
+    if (!reader.ok()) isCorrupted_ = true;
+    // How far a read that failed has gone is not known.
+    outChildren->countBytesRead((reader.ok() ? reader.position() : reader.size()) - ptNodeArrayPos);
 }
 
 int PatriciaTriePolicy::getCodePointsAndProbabilityAndReturnCodePointCount(int ptNodePos,

@@ -27,7 +27,7 @@ public:
     explicit PatriciaTriePolicy(MmappedBuffer::MmappedBufferPtr mmappedBuffer);
 
     int getRootPosition() const override { return 0; }
-    void createAndGetAllChildDicNodes(const DicNode* dicNode, DicNodeVector* childDicNodes) const override;
+    void readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const override;
     int getCodePointsAndProbabilityAndReturnCodePointCount(int ptNodePos, int maxCodePointCount,
                                                            int* outCodePoints,
                                                            int* outUnigramProbability) const override;
@@ -73,8 +73,6 @@ private:
     bool canSearchMoreWords(int64_t bytesAtStart) const {
         return bytesOfWordSearches_ - bytesAtStart <= MAX_BYTES_OF_WORD_SEARCHES_IN_ONE_LIST;
     }
-    int createAndGetLeavingChildNode(const DicNode* dicNode, int ptNodePos,
-                                     DicNodeVector* childDicNodes) const;
     std::vector<BigramProperty> readBigramProperties(const PtNodeParams& ptNodeParams) const;
     std::vector<UnigramProperty::ShortcutProperty> readShortcutProperties(
         const PtNodeParams& ptNodeParams) const;

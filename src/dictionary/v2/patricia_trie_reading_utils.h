@@ -2,11 +2,11 @@
 #pragma once
 
 #include "dictionary/trie/pt_node_flags.h"
-#include "storage/byte_array_view.h"
+#include "storage/byte_reader.h"
+#include "text/engine_constants.h"
 
 namespace wordengine {
 
-class ByteReader;
 class DictionaryBigramsStructurePolicy;
 class DictionaryShortcutsStructurePolicy;
 
@@ -35,15 +35,37 @@ public:
     }
 
     static int getPtNodeArraySizeAndAdvancePosition(ByteReader* reader);
-    static NodeFlags getFlagsAndAdvancePosition(ByteReader* reader);
+    static NodeFlags getFlagsAndAdvancePosition(ByteReader* reader) {
+        return static_cast<NodeFlags>(reader->readUint8());
+    }
     static int getCodePointAndAdvancePosition(ByteReader* reader);
     /// Returns the count of the node's code points, of which `outCodePoints` has room for `maxLength`.
     static int getCharsAndAdvancePosition(ByteReader* reader, NodeFlags flags, int maxLength,
-                                          int* outCodePoints);
+                                          int* outCodePoints) {
+        if (hasMultipleChars(flags)) return reader->readString(maxLength, outCodePoints);
+        const int codePoint = reader->readCodePoint();
+        if (codePoint == NO_CODE_POINT) return 0;
+        if (maxLength > 0) outCodePoints[0] = codePoint;
+        return 1;
+    }
     static int skipCharacters(ByteReader* reader, NodeFlags flags, int maxLength);
-    static int readProbabilityAndAdvancePosition(ByteReader* reader);
+    static int readProbabilityAndAdvancePosition(ByteReader* reader) {
+        return static_cast<int>(reader->readUint8());
+    }
     /// The position of the array of children; NO_DICT_POS for a node that has none.
-    static int readChildrenPositionAndAdvancePosition(ByteReader* reader, NodeFlags flags);
+    static int readChildrenPositionAndAdvancePosition(ByteReader* reader, NodeFlags flags) {
+        const int fieldPos = reader->position();
+        switch (flags & MASK_CHILDREN_POSITION_TYPE) {
+            case FLAG_CHILDREN_POSITION_TYPE_ONEBYTE:
+                return fieldPos + static_cast<int>(reader->readUint8());
+            case FLAG_CHILDREN_POSITION_TYPE_TWOBYTES:
+                return fieldPos + static_cast<int>(reader->readUint16());
+            case FLAG_CHILDREN_POSITION_TYPE_THREEBYTES:
+                return fieldPos + static_cast<int>(reader->readUint24());
+            default:
+                return NO_DICT_POS;
+        }
+    }
 
     /// Moves behind the lists, which end a node; each position is NO_DICT_POS if there is no such list.
     static void skipLists(ByteReader* reader, NodeFlags flags,
@@ -51,14 +73,27 @@ public:
                           const DictionaryBigramsStructurePolicy* bigramPolicy, int* outShortcutPos,
                           int* outBigramPos);
 
-    /// Reads a whole node; `outCodePoints` holds WORD_LENGTH_LIMIT. False if it does not lie in the body
-    /// from its first byte to its last: then none of the results means anything.
-    static bool readPtNodeInfo(ReadOnlyByteArrayView body, int ptNodePos,
-                               const DictionaryShortcutsStructurePolicy* shortcutPolicy,
+    /// Reads a whole node and moves behind it; `outCodePoints` holds WORD_LENGTH_LIMIT. False if it does
+    /// not lie in the body from its first byte to its last: then none of the results means anything.
+    static bool readPtNodeInfo(ByteReader* reader, const DictionaryShortcutsStructurePolicy* shortcutPolicy,
                                const DictionaryBigramsStructurePolicy* bigramPolicy, NodeFlags* outFlags,
                                int* outCodePointCount, int* outCodePoints, int* outProbability,
-                               int* outChildrenPos, int* outShortcutPos, int* outBigramPos,
-                               int* outSiblingPos);
+                               int* outChildrenPos, int* outShortcutPos, int* outBigramPos) {
+        const NodeFlags flags = getFlagsAndAdvancePosition(reader);
+        *outFlags = flags;
+        *outCodePointCount = getCharsAndAdvancePosition(reader, flags, WORD_LENGTH_LIMIT, outCodePoints);
+        *outProbability = isTerminal(flags) ? readProbabilityAndAdvancePosition(reader) : NO_PROBABILITY;
+        *outChildrenPos = readChildrenPositionAndAdvancePosition(reader, flags);
+        *outShortcutPos = NO_DICT_POS;
+        *outBigramPos = NO_DICT_POS;
+        if (hasShortcutTargets(flags) || hasBigrams(flags)) {
+            // A copy is sent out, so that the compiler may keep the reader itself in registers.
+            ByteReader listReader = *reader;
+            skipLists(&listReader, flags, shortcutPolicy, bigramPolicy, outShortcutPos, outBigramPos);
+            *reader = listReader;
+        }
+        return reader->ok();
+    }
 };
 
 }  // namespace wordengine

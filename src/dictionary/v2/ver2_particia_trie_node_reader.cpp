@@ -10,13 +10,14 @@ namespace wordengine {
 PtNodeParams Ver2ParticiaTrieNodeReader::fetchPtNodeParamsInBufferFromPtNodePos(int ptNodePos) const {
     NodeFlags flags;
     std::array<int, WORD_LENGTH_LIMIT> codePoints;
-    int codePointCount, probability, childrenPos, shortcutPos, bigramPos, siblingPos;
+    int codePointCount, probability, childrenPos, shortcutPos, bigramPos;
+    ByteReader reader(body_, ptNodePos);
     const bool isWhole = PatriciaTrieReadingUtils::readPtNodeInfo(
-        body_, ptNodePos, shortcutPolicy_, bigramPolicy_, &flags, &codePointCount, codePoints.data(),
-        &probability, &childrenPos, &shortcutPos, &bigramPos, &siblingPos);
+        &reader, shortcutPolicy_, bigramPolicy_, &flags, &codePointCount, codePoints.data(), &probability,
+        &childrenPos, &shortcutPos, &bigramPos);
     if (!isWhole || codePointCount <= 0) return PtNodeParams();
     return PtNodeParams(ptNodePos, flags, codePointCount, codePoints.data(), probability, childrenPos,
-                        shortcutPos, bigramPos, siblingPos);
+                        shortcutPos, bigramPos, reader.position());
 }
 
 }  // namespace wordengine

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
+#include "text/engine_constants.h"
+
+#include <algorithm>
+#include <array>
 
 namespace wordengine {
 
@@ -26,17 +29,20 @@ public:
     static constexpr int KIND_FLAG_EXACT_MATCH = 0x40000000;
     static constexpr int KIND_FLAG_EXACT_MATCH_WITH_INTENTIONAL_OMISSION = 0x20000000;
 
+    /// At most WORD_LENGTH_LIMIT code points are taken.
     SuggestedWord(const int* codePoints, int codePointCount, int score, int type, int indexToPartialCommit,
                   int autoCommitFirstWordConfidence)
-        : codePoints_(codePoints, codePoints + codePointCount),
+        : codePointCount_(std::clamp(codePointCount, 0, WORD_LENGTH_LIMIT)),
           score_(score),
           type_(type),
           indexToPartialCommit_(indexToPartialCommit),
-          autoCommitFirstWordConfidence_(autoCommitFirstWordConfidence) {}
+          autoCommitFirstWordConfidence_(autoCommitFirstWordConfidence) {
+        std::copy_n(codePoints, codePointCount_, codePoints_.begin());
+    }
 
     /// Not closed by a 0.
     const int* getCodePoint() const { return codePoints_.data(); }
-    int getCodePointCount() const { return static_cast<int>(codePoints_.size()); }
+    int getCodePointCount() const { return codePointCount_; }
     /// A prediction's is its probability.
     int getScore() const { return score_; }
     int getType() const { return type_; }
@@ -44,7 +50,9 @@ public:
     int getAutoCommitFirstWordConfidence() const { return autoCommitFirstWordConfidence_; }
 
 private:
-    std::vector<int> codePoints_;
+    // In place: the words of an answer are made while a person waits.
+    std::array<int, WORD_LENGTH_LIMIT> codePoints_;
+    int codePointCount_;
     int score_;
     int type_;
     int indexToPartialCommit_;

@@ -6,7 +6,25 @@
 #include "text/diagnostics.h"
 #include "text/engine_constants.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace wordengine {
+
+namespace {
+
+/// Room for a usual answer, so that filling it allocates nothing.
+SuggestionResults::SuggestedWordQueue emptyQueue(int maxSuggestionCount) {
+    constexpr int USUAL_COUNT = 64;
+    std::vector<SuggestedWord> storage;
+    storage.reserve(static_cast<size_t>(std::clamp(maxSuggestionCount, 0, USUAL_COUNT)));
+    return SuggestionResults::SuggestedWordQueue(SuggestedWord::Comparator(), std::move(storage));
+}
+
+}  // namespace
+
+SuggestionResults::SuggestionResults(int maxSuggestionCount)
+    : maxSuggestionCount_(maxSuggestionCount), suggestedWords_(emptyQueue(maxSuggestionCount)) {}
 
 void SuggestionResults::addSuggestion(const int* codePoints, int codePointCount, int score, int type,
                                       int indexToPartialCommit, int autoCommitFirstWordConfidence) {

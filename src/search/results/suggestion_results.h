@@ -14,7 +14,7 @@ public:
     using SuggestedWordQueue =
         std::priority_queue<SuggestedWord, std::vector<SuggestedWord>, SuggestedWord::Comparator>;
 
-    explicit SuggestionResults(int maxSuggestionCount) : maxSuggestionCount_(maxSuggestionCount) {}
+    explicit SuggestionResults(int maxSuggestionCount);
     SuggestionResults(const SuggestionResults&) = delete;
     SuggestionResults& operator=(const SuggestionResults&) = delete;
 

@@ -13,9 +13,9 @@ class TypingSuggestPolicy final : public SuggestPolicy {
 public:
     static const TypingSuggestPolicy* getInstance() { return &sInstance; }
 
-    const Traversal* getTraversal() const override { return TypingTraversal::getInstance(); }
-    const Scoring* getScoring() const override { return TypingScoring::getInstance(); }
-    const Weighting* getWeighting() const override { return TypingWeighting::getInstance(); }
+    const TypingTraversal* getTraversal() const override { return TypingTraversal::getInstance(); }
+    const TypingScoring* getScoring() const override { return TypingScoring::getInstance(); }
+    const TypingWeighting* getWeighting() const override { return TypingWeighting::getInstance(); }
 
 private:
     TypingSuggestPolicy() = default;

@@ -9,7 +9,7 @@ class TypingSuggestPolicyFactory {
 public:
     TypingSuggestPolicyFactory() = delete;
 
-    static const SuggestPolicy* getTypingSuggestPolicy() { return TypingSuggestPolicy::getInstance(); }
+    static const TypingSuggestPolicy* getTypingSuggestPolicy() { return TypingSuggestPolicy::getInstance(); }
 };
 
 }  // namespace wordengine
