@@ -55,12 +55,14 @@ int MultiBigramMap::readBigramProbabilityFromBinaryDictionary(
     return policy->getProbability(unigramProbability, NO_PROBABILITY);
 }
 
+void MultiBigramMap::BigramMap::reserve() {
+    slots_.assign(std::bit_ceil(DEFAULT_HASH_MAP_SIZE_FOR_EACH_BIGRAM_MAP), Slot());
+}
+
 void MultiBigramMap::BigramMap::init(const DictionaryStructureWithBufferPolicy* policy,
                                      const int* prevWordsPtNodePos) {
-    if (++generation_ == 0 || slots_.empty()) {
-        const size_t slotCount =
-            std::max(slots_.size(), std::bit_ceil(DEFAULT_HASH_MAP_SIZE_FOR_EACH_BIGRAM_MAP));
-        slots_.assign(slotCount, Slot());
+    if (++generation_ == 0) {
+        std::fill(slots_.begin(), slots_.end(), Slot());
         generation_ = 1;
     }
     entryCount_ = 0;

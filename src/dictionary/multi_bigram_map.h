@@ -34,6 +34,10 @@ class MultiBigramMap {
 public:
     static constexpr int MAX_CACHED_PREV_WORDS_IN_BIGRAM_MAP = 25;
 
+    MultiBigramMap() {
+        for (BigramMap& map : bigramMaps_) map.reserve();
+    }
+
     /// The probability of the word at `nextWordPosition` after the previous word.
     int getBigramProbability(const DictionaryStructureWithBufferPolicy* policy, const int* prevWordsPtNodePos,
                              int nextWordPosition, int unigramProbability);
@@ -48,6 +52,8 @@ private:
         static constexpr size_t DEFAULT_HASH_MAP_SIZE_FOR_EACH_BIGRAM_MAP = 100;
         static constexpr size_t MAX_ENTRY_COUNT = 65536;
 
+        /// Room for a usual list.
+        void reserve();
         void init(const DictionaryStructureWithBufferPolicy* policy, const int* prevWordsPtNodePos);
         int getBigramProbability(const DictionaryStructureWithBufferPolicy* policy, int nextWordPosition,
                                  int unigramProbability) const;

@@ -79,15 +79,15 @@ void DicNodePriorityQueue::keepBest() {
     for (size_t i = keptCount; i < nodes_.size(); ++i) pool_.placeBackInstance(nodes_[i].dicNode);
     nodes_.resize(keptCount);
     isSorted_ = false;
+    if (keptCount > 0) bound_ = findWorst();
 }
 
 /// Costs that are nearly equal count as equal: of the nodes on both sides of the cut that do, those with the
-/// better words are to be kept. Leaves the worst of the kept as the bound.
+/// better words are to be kept.
 void DicNodePriorityQueue::settleTies(size_t keptCount) {
     const auto cut = nodes_.begin() + static_cast<std::ptrdiff_t>(keptCount);
     const RankedDicNode firstOut = *cut;
     const RankedDicNode lastIn = *std::max_element(nodes_.begin(), cut, isNearer);
-    bound_ = lastIn;
     if (!DicNodeComparator::isTie(lastIn, firstOut)) return;
     const auto isTied = [&](const RankedDicNode& node) {
         return DicNodeComparator::isTie(node, lastIn) || DicNodeComparator::isTie(node, firstOut);
@@ -96,11 +96,19 @@ void DicNodePriorityQueue::settleTies(size_t keptCount) {
     std::copy_if(nodes_.begin(), nodes_.end(), std::back_inserter(ties_), isTied);
     const auto tiesIn = std::count_if(nodes_.begin(), cut, isTied);
     std::nth_element(ties_.begin(), ties_.begin() + tiesIn - 1, ties_.end(), isBetterWord);
-    bound_ = ties_[static_cast<size_t>(tiesIn - 1)];
     auto tie = ties_.begin();
     for (RankedDicNode& node : nodes_) {
         if (isTied(node)) node = *tie++;
     }
+}
+
+RankedDicNode DicNodePriorityQueue::findWorst() const {
+    const RankedDicNode farthest = *std::max_element(nodes_.begin(), nodes_.end(), isNearer);
+    RankedDicNode worst = farthest;
+    for (const RankedDicNode& node : nodes_) {
+        if (DicNodeComparator::isTie(node, farthest) && isBetterWord(worst, node)) worst = node;
+    }
+    return worst;
 }
 
 /// By distance, and within a stretch of equal distances by word.

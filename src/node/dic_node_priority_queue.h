@@ -64,6 +64,7 @@ private:
     void store(DicNode* instance);
     void keepBest();
     void settleTies(size_t keptCount);
+    RankedDicNode findWorst() const;
     void sort();
     bool isFull() const { return static_cast<int>(nodes_.size()) >= maxSize_; }
 

@@ -41,6 +41,7 @@ void ProximityInfoState::initInputParams(int pointerId, float maxPointToKeyLengt
     const bool isTypedWord = !isGeometric && pointerId == 0;
     inputProximities_.fill(0);
     if (isTypedWord) {
+        reserveForTypedWord();
         letterCache_.clear();
         buildInputProximities(inputCodes, input);
     }
@@ -86,6 +87,13 @@ void ProximityInfoState::takeProximityInfo(const ProximityInfo* proximityInfo) {
     if (proximityInfo == nullptr) return;
     hasTouchPositionCorrectionData_ = proximityInfo->hasTouchPositionCorrectionData();
     keyCount_ = proximityInfo->getKeyCount();
+}
+
+/// At once for the longest word, so that no later letter has to wait for room.
+void ProximityInfoState::reserveForTypedWord() {
+    constexpr size_t limit = WORD_LENGTH_LIMIT;
+    points_.reserve(limit);
+    sampledNormalizedSquaredLengthCache_.reserve(limit * static_cast<size_t>(std::max(keyCount_, 0)));
 }
 
 void ProximityInfoState::buildInputProximities(const int* inputCodes, const RawInput& input) {

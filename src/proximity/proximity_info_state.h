@@ -94,6 +94,7 @@ private:
     bool checkAndReturnIsContinuousSuggestionPossible(const RawInput& input) const;
     PointLetter lookAtLetter(int index, int codePoint) const;
     void takeProximityInfo(const ProximityInfo* proximityInfo);
+    void reserveForTypedWord();
     void buildInputProximities(const int* inputCodes, const RawInput& input);
     int continueOrClear();
     int trimLastTwoTouchPoints();

@@ -43,6 +43,9 @@ struct SampledPoints {
     void clear() {
         for (std::vector<int>* column : columns()) column->clear();
     }
+    void reserve(size_t size) {
+        for (std::vector<int>* column : columns()) column->reserve(size);
+    }
     void popInputData() {
         for (std::vector<int>* column : columns()) column->pop_back();
     }

@@ -23,8 +23,9 @@ int readInt(const Json::Value& root, const char* name) {
     return root.get(name, 0).asInt();
 }
 
-Json::Value readArray(const Json::Value& root, const char* name) {
-    Json::Value array = root.get(name, Json::arrayValue);
+/// A member that is missing is null, which has no elements.
+const Json::Value& readArray(const Json::Value& root, const char* name) {
+    const Json::Value& array = root[name];
     if (!array.isNull() && !array.isArray()) {
         throw std::runtime_error(std::string("\"") + name + "\" is no array");
     }

@@ -198,7 +198,9 @@ TEST(DicNodeVectorTest, GrowsAndKeepsWhatItHolds) {
         vector.clear();
         const int count = 40 * (round + 1);
         for (int codePoint = 1; codePoint <= count; ++codePoint) {
-            vector.pushLeavingChild(&root, codePoint, 0, 0, true, true, false, 1, &codePoint);
+            DicNodeChildList children;
+            children.add(codePoint, 0, 0, true, true, false, 1, &codePoint);
+            vector.pushLeavingChild(&root, children[0], children.codePointsOf(children[0]));
         }
         ASSERT_EQ(vector.getSizeAndLock(), count);
         for (int i = 0; i < count; ++i) {

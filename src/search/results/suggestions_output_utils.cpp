@@ -25,7 +25,8 @@ const std::vector<DicNode>& takeTerminals(DicTraverseSession* session, size_t* o
     std::vector<DicNode>& terminals = session->getWorkspace()->terminals;
     DicNodesCache* const cache = session->getDicTraverseCache();
     *outCount = static_cast<size_t>(cache->terminalSize());
-    if (terminals.size() < *outCount) terminals.resize(*outCount);
+    constexpr size_t USUAL_COUNT = 32;
+    if (terminals.size() < *outCount) terminals.resize(std::max(*outCount, USUAL_COUNT));
     for (size_t i = *outCount; i > 0; --i) cache->popTerminal(&terminals[i - 1]);
     return terminals;
 }
