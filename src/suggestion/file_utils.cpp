@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suggestion/file_utils.h"
 
+#include "suggestion/long_int_array.h"
+
 #include <json/reader.h>
 
 #include <cerrno>
@@ -8,6 +10,7 @@
 #include <dirent.h>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <sstream>
@@ -56,11 +59,12 @@ void requireReadableSize(const std::string& path) {
     }
 }
 
-bool parse(std::istream& stream, Json::Value* root, std::string* errors) {
+bool parse(const std::string& text, Json::Value* root, std::string* errors) {
     Json::CharReaderBuilder builder;
     builder["collectComments"] = false;
     builder["allowTrailingCommas"] = false;
-    return Json::parseFromStream(builder, stream, root, errors);
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    return reader->parse(text.data(), text.data() + text.size(), root, errors);
 }
 
 /// The parser tells each error in two lines, "* PLACE" and "  REASON"; the first counts.
@@ -77,7 +81,7 @@ FileUtils::ReadingFailure FileUtils::readingFailure(const std::string& path, con
     return {"reading file : " + path + " has failed : " + reason, path, reason};
 }
 
-Json::Value FileUtils::loadJson(const std::string& path) {
+Json::Value FileUtils::loadJson(const std::string& path, LongIntArray* longArray) {
     requireReadableSize(path);
     Json::Value root;
     std::string reason;
@@ -85,9 +89,11 @@ Json::Value FileUtils::loadJson(const std::string& path) {
         std::ifstream stream(path);
         if (!stream) {
             reason = std::strerror(errno);
-        } else if (std::string errors; parse(stream, &root, &errors)) {
-            return root;
         } else {
+            std::string text(std::istreambuf_iterator<char>(stream), {});
+            std::string errors;
+            if (longArray) longArray->takeFrom(&text);
+            if (parse(text, &root, &errors)) return root;
             reason = firstOf(errors);
         }
     } catch (const std::bad_alloc&) {

@@ -9,6 +9,8 @@
 
 namespace vorpel {
 
+class LongIntArray;
+
 /// JSON loading and directory listing for the geometry files; not the engine's class of the same name.
 class FileUtils {
 public:
@@ -30,7 +32,8 @@ public:
 
     /// The parsed file. Raises std::runtime_error that names the file if it cannot be read or parsed, is
     /// larger than 1 MiB, or is no plain file.
-    static Json::Value loadJson(const std::string& path);
+    /// `longArray`, if there is one, is taken out of the file where it can be.
+    static Json::Value loadJson(const std::string& path, LongIntArray* longArray = nullptr);
 
     /// "reading file : PATH has failed : REASON".
     static ReadingFailure readingFailure(const std::string& path, const std::string& reason);

@@ -3,6 +3,7 @@
 
 #include "proximity/bounded_numbers.h"
 #include "suggestion/file_utils.h"
+#include "suggestion/long_int_array.h"
 
 #include <json/value.h>
 
@@ -54,7 +55,11 @@ void requireObject(const Json::Value& root) {
     if (!root.isObject()) throw std::runtime_error("the file holds no object");
 }
 
-GeometryFile readMembers(const Json::Value& root) {
+std::vector<int> readProximityChars(const Json::Value& root, const LongIntArray& taken) {
+    return taken.values().empty() ? readInts(root, PROXIMITY_CHARS_MEMBER) : taken.values();
+}
+
+GeometryFile readMembers(const Json::Value& root, const LongIntArray& proximityChars) {
     GeometryFile file;
     file.locale = root.get("locale", "").asString();
     file.keyboardMinWidth = readInt(root, "keyboardMinWidth");
@@ -64,7 +69,7 @@ GeometryFile readMembers(const Json::Value& root) {
     file.mostCommonKeyWidth = readInt(root, "mostCommonKeyWidth");
     file.mostCommonKeyHeight = readInt(root, "mostCommonKeyHeight");
     file.keyCount = readInt(root, "keyCount");
-    file.proximityCharsArray = readInts(root, PROXIMITY_CHARS_MEMBER);
+    file.proximityCharsArray = readProximityChars(root, proximityChars);
     file.keyXCoordinates = readInts(root, "keyXCoordinates");
     file.keyYCoordinates = readInts(root, "keyYCoordinates");
     file.keyWidths = readInts(root, "keyWidths");
@@ -94,10 +99,11 @@ void requireUsable(const GeometryFile& file) {
 /// jsoncpp raises errors of its own on a member of the wrong type; the caller learns which file it was.
 template <typename Read>
 auto readFile(const std::string& path, Read read) {
-    const Json::Value root = FileUtils::loadJson(path);
+    LongIntArray proximityChars(PROXIMITY_CHARS_MEMBER);
+    const Json::Value root = FileUtils::loadJson(path, &proximityChars);
     try {
         requireObject(root);
-        return read(root);
+        return read(root, proximityChars);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
@@ -108,15 +114,15 @@ auto readFile(const std::string& path, Read read) {
 }  // namespace
 
 GeometryFile GeometryFile::load(const std::string& path) {
-    return readFile(path, [](const Json::Value& root) {
-        GeometryFile file = readMembers(root);
+    return readFile(path, [](const Json::Value& root, const LongIntArray& proximityChars) {
+        GeometryFile file = readMembers(root, proximityChars);
         requireUsable(file);
         return file;
     });
 }
 
 std::vector<int> loadProximityChars(const std::string& path) {
-    return readFile(path, [](const Json::Value& root) { return readInts(root, PROXIMITY_CHARS_MEMBER); });
+    return readFile(path, readProximityChars);
 }
 
 }  // namespace vorpel
