@@ -87,7 +87,7 @@ private:
     int bytes_;
     wordengine::Dictionary dictionary_;
     wordengine::DicTraverseSession session_;
-    wordengine::Suggest suggest_;
+    wordengine::Suggest<wordengine::TypingSuggestPolicy> suggest_;
     Inputs input_{}, xs_{}, ys_{}, times_{}, ids_{};
 };
 

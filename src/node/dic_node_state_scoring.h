@@ -14,7 +14,19 @@ enum class DoubleLetterLevel : uint8_t { NONE = 0, DOUBLE_LETTER = 1, STRONG_DOU
 /// The costs that a search node has run up, and what for.
 class DicNodeStateScoring {
 public:
-    void init() { *this = DicNodeStateScoring(); }
+    void init() {
+        normalizedCompoundDistance_ = 0.0f;
+        spatialDistance_ = 0.0f;
+        languageDistance_ = 0.0f;
+        rawLength_ = 0.0f;
+        normalizedCompoundDistanceAfterFirstWord_ = WEIGHT_CEILING_FLOAT;
+        containedErrorTypes_ = ErrorTypeUtils::NOT_AN_ERROR;
+        editCorrectionCount_ = 0;
+        proximityCorrectionCount_ = 0;
+        completionCount_ = 0;
+        doubleLetterLevel_ = DoubleLetterLevel::NONE;
+        digraphIndex_ = 0;
+    }
 
     /// For the root of a next word: everything is carried on except what belongs to single letters.
     void initAsNextWord(const DicNodeStateScoring& previous) {
@@ -73,17 +85,17 @@ public:
     ErrorTypeUtils::ErrorType getContainedErrorTypes() const { return containedErrorTypes_; }
 
 private:
-    float normalizedCompoundDistance_ = 0.0f;
-    float spatialDistance_ = 0.0f;
-    float languageDistance_ = 0.0f;
-    float rawLength_ = 0.0f;
-    float normalizedCompoundDistanceAfterFirstWord_ = WEIGHT_CEILING_FLOAT;
-    ErrorTypeUtils::ErrorType containedErrorTypes_ = ErrorTypeUtils::NOT_AN_ERROR;
-    int16_t editCorrectionCount_ = 0;
-    int16_t proximityCorrectionCount_ = 0;
-    int16_t completionCount_ = 0;
-    DoubleLetterLevel doubleLetterLevel_ = DoubleLetterLevel::NONE;
-    uint8_t digraphIndex_ = 0;
+    float normalizedCompoundDistance_;
+    float spatialDistance_;
+    float languageDistance_;
+    float rawLength_;
+    float normalizedCompoundDistanceAfterFirstWord_;
+    ErrorTypeUtils::ErrorType containedErrorTypes_;
+    int16_t editCorrectionCount_;
+    int16_t proximityCorrectionCount_;
+    int16_t completionCount_;
+    DoubleLetterLevel doubleLetterLevel_;
+    uint8_t digraphIndex_;
 };
 
 }  // namespace wordengine

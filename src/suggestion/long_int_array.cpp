@@ -21,31 +21,6 @@ bool isAt(std::string_view json, size_t place, char expected) {
     return place < json.size() && json[place] == expected;
 }
 
-/// The opening brackets of the top level's members of that name, as far as arrays are their values; nothing
-/// for a text with anything that is not looked into here.
-std::optional<std::vector<size_t>> findArrays(std::string_view json, std::string_view name) {
-    std::vector<size_t> found;
-    int depth = 0;
-    for (size_t i = 0; i < json.size(); ++i) {
-        const char letter = json[i];
-        // Comments and escaped letters.
-        if (letter == '/' || letter == '\\') return std::nullopt;
-        if (letter == '{' || letter == '[') ++depth;
-        if (letter == '}' || letter == ']') --depth;
-        if (letter != '"') continue;
-        const size_t end = json.find_first_of("\"\\", i + 1);
-        if (!isAt(json, end, '"')) return std::nullopt;
-        const bool isNamed = json.substr(i + 1, end - i - 1) == name;
-        i = end;
-        const size_t colon = skipSpace(json, i + 1);
-        if (depth != 1 || !isNamed || !isAt(json, colon, ':')) continue;
-        const size_t open = skipSpace(json, colon + 1);
-        if (!isAt(json, open, '[')) return std::nullopt;
-        found.push_back(open);
-    }
-    return found;
-}
-
 /// The integers between an opening bracket and the closing one, whose place is stored.
 std::optional<std::vector<int>> readInts(std::string_view json, size_t open, size_t* close) {
     std::vector<int> values;
@@ -70,17 +45,50 @@ std::optional<std::vector<int>> readInts(std::string_view json, size_t open, siz
     return std::nullopt;
 }
 
+/// An array of plain integers in a text, and where it stands.
+struct FoundArray {
+    std::vector<int> values;
+    size_t open = 0;
+    size_t close = 0;
+};
+
+/// The top level's member of that name; nothing if there is none or several, if it is no array of plain
+/// integers, or for a text with anything that is not looked into here.
+std::optional<FoundArray> findArray(std::string_view json, std::string_view name) {
+    std::optional<FoundArray> found;
+    int depth = 0;
+    for (size_t i = 0; i < json.size(); ++i) {
+        const char letter = json[i];
+        // Comments and escaped letters.
+        if (letter == '/' || letter == '\\') return std::nullopt;
+        if (letter == '{' || letter == '[') ++depth;
+        if (letter == '}' || letter == ']') --depth;
+        if (letter != '"') continue;
+        const size_t end = json.find_first_of("\"\\", i + 1);
+        if (!isAt(json, end, '"')) return std::nullopt;
+        const bool isNamed = json.substr(i + 1, end - i - 1) == name;
+        i = end;
+        const size_t colon = skipSpace(json, i + 1);
+        if (depth != 1 || !isNamed || !isAt(json, colon, ':')) continue;
+        FoundArray array;
+        array.open = skipSpace(json, colon + 1);
+        if (found || !isAt(json, array.open, '[')) return std::nullopt;
+        std::optional<std::vector<int>> values = readInts(json, array.open, &array.close);
+        if (!values) return std::nullopt;
+        array.values = std::move(*values);
+        i = array.close;
+        found = std::move(array);
+    }
+    return found;
+}
+
 }  // namespace
 
 bool LongIntArray::takeFrom(std::string* json) {
-    const std::optional<std::vector<size_t>> arrays = findArrays(*json, name_);
-    if (!arrays || arrays->size() != 1) return false;
-    const size_t open = arrays->front();
-    size_t close = 0;
-    std::optional<std::vector<int>> values = readInts(*json, open, &close);
-    if (!values) return false;
-    values_ = std::move(*values);
-    for (size_t i = open + 1; i < close; ++i) {
+    std::optional<FoundArray> array = findArray(*json, name_);
+    if (!array) return false;
+    values_ = std::move(array->values);
+    for (size_t i = array->open + 1; i < array->close; ++i) {
         if ((*json)[i] != '\n') (*json)[i] = ' ';
     }
     return true;
