@@ -17,6 +17,7 @@ std::string BuildReport::summary() const {
         {"entries of sources that cannot be words", unusableEntries},
         {"capitalised twins dropped", caseTwinsDropped},
         {"words excluded", excludedWords},
+        {"words that are more often a slip", slipsDropped},
         {"words beyond the limit", wordsBeyondLimit},
         {"pairs below the minimum", pairsBelowMinimum},
         {"pairs that tell nothing", pairsThatTellNothing},

@@ -20,6 +20,7 @@ struct BuildReport {
     int unusableEntries = 0;
     int caseTwinsDropped = 0;
     int excludedWords = 0;
+    int slipsDropped = 0;
     int wordsBeyondLimit = 0;
     int pairsBelowMinimum = 0;
     int pairsThatTellNothing = 0;

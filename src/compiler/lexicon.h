@@ -26,6 +26,10 @@ public:
         bool isInVocabulary = false;
         bool isExcluded = false;
         bool isOffensive = false;
+        /// More often typed by mistake than meant.
+        bool isSlip = false;
+        /// A list of words written by hand says that it is meant, however often it is also a slip.
+        bool staysAsSlip = false;
         /// The small twin that stands for a capitalised word that was dropped.
         int twin = NONE;
         /// On the dictionary's scale; only for words that are in the dictionary.
@@ -33,7 +37,7 @@ public:
 
         bool isSeeded() const { return tier > 0.0; }
         bool isCandidate() const {
-            return !isExcluded && twin == NONE && (frequency > 0.0 || floor > 0.0 || isSeeded());
+            return !isExcluded && !isSlip && twin == NONE && (frequency > 0.0 || floor > 0.0 || isSeeded());
         }
     };
 

@@ -22,11 +22,15 @@ int raised(int unigram, int strength) {
 }  // namespace
 
 int toScale(const ScaleRule& rule, double frequency) {
-    const double value = std::round(rule.base + rule.factor * std::log2(frequency / rule.reference));
+    double value = rule.base + rule.factor * std::log2(frequency / rule.reference);
     // No frequency at all and a factor of 0.
     if (std::isnan(value)) return rule.minimum;
+    const double top = rule.base - rule.factor * std::log2(rule.reference);
+    if (value > rule.knee && top > rule.maximum) {
+        value = rule.knee + (value - rule.knee) * (rule.maximum - rule.knee) / (top - rule.knee);
+    }
     return static_cast<int>(
-        std::clamp(value, static_cast<double>(rule.minimum), static_cast<double>(rule.maximum)));
+        std::clamp(std::round(value), static_cast<double>(rule.minimum), static_cast<double>(rule.maximum)));
 }
 
 int strengthNearest(int unigram, int wanted) {

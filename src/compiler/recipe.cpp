@@ -50,12 +50,15 @@ void readNgrams(Directive& line, Recipe& recipe) {
 }
 
 void readSeed(Directive& line, Recipe& recipe) {
-    SeedSource source{line.source(), SeedDirection::UP};
+    SeedSource source{line.source(), SeedDirection::UP, true};
     const std::string direction = line.option("direction").value_or("up");
     if (direction != "up" && direction != "both") {
         throw line.error("direction=" + direction + " is not up or both");
     }
     if (direction == "both") source.direction = SeedDirection::BOTH;
+    const std::string slips = line.option("slips").value_or("keep");
+    if (slips != "keep" && slips != "drop") throw line.error("slips=" + slips + " is not keep or drop");
+    source.keepsSlips = slips == "keep";
     recipe.seeds.push_back(std::move(source));
 }
 
@@ -71,10 +74,22 @@ void readCap(Directive& line, Recipe& recipe) {
     recipe.cap = CapRule{line.number("above", 1e-4, 1e-12, 1.0), line.number("exponent", 0.3, 0.0, 1.0)};
 }
 
+void readSlips(Directive& line, Recipe& recipe) {
+    SlipsRule rule;
+    rule.layout = line.argument("layout");
+    rule.ratio = line.number("ratio", rule.ratio, 0.0, 1000.0);
+    rule.least = line.number("least", rule.least, 0.0, 1.0);
+    if (rule.layout != "en" && rule.layout != "ar") {
+        throw line.error("the layout \"" + rule.layout + "\" is not en or ar");
+    }
+    recipe.slips = std::move(rule);
+}
+
 void readScale(Directive& line, Recipe& recipe) {
     ScaleRule rule;
     rule.base = line.number("base", rule.base, 0.0, 1000.0);
     rule.factor = line.number("factor", rule.factor, 0.0, 1000.0);
+    rule.knee = line.number("knee", rule.knee, 0.0, 1000.0);
     rule.reference = line.number("reference", rule.reference, 1e-12, 1.0);
     rule.minimum = line.integer("minimum", rule.minimum, 0, 255);
     rule.maximum = line.integer("maximum", rule.maximum, 0, 255);
@@ -102,12 +117,13 @@ void readPairsSeed(Directive& line, Recipe& recipe) {
 }
 
 void readCorrections(Directive& line, Recipe& recipe) {
-    CorrectionsSource source{line.source(), 1};
+    CorrectionsSource source{line.source(), 1, 0.0};
     if (line.hasOption("probability", "target")) {
         source.probability.reset();
     } else {
         source.probability = line.integer("probability", 1, 0, 255);
     }
+    source.share = line.number("share", 0.0, 0.0, 1.0);
     recipe.corrections.push_back(std::move(source));
 }
 
@@ -134,6 +150,7 @@ const std::map<std::string, DirectiveReader>& directiveReaders() {
         {"case-twins", readCaseTwins},
         {"cap", readCap},
         {"offensive", intoList(&Recipe::offensives)},
+        {"slips", readSlips},
         {"scale", readScale},
         {"limit", readLimit},
         {"ngrams", readNgrams},
@@ -146,7 +163,7 @@ const std::map<std::string, DirectiveReader>& directiveReaders() {
 }
 
 Recipe parse(ListFile lines) {
-    static const std::set<std::string> ONCE = {"case-twins", "cap", "scale", "limit", "pairs"};
+    static const std::set<std::string> ONCE = {"case-twins", "cap", "slips", "scale", "limit", "pairs"};
     Recipe recipe;
     recipe.path = lines.path();
     const size_t slash = recipe.path.rfind('/');
@@ -164,6 +181,11 @@ Recipe parse(ListFile lines) {
         }
         reader->second(*directive, recipe);
         directive->finish();
+    }
+    for (const CorrectionsSource& source : recipe.corrections) {
+        if (source.share > 0.0 && !recipe.slips) {
+            throw InputError(recipe.path, source.file.line, "share=... needs the directive \"slips\"");
+        }
     }
     return recipe;
 }

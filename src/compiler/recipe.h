@@ -40,6 +40,8 @@ enum class SeedDirection { UP, BOTH };
 struct SeedSource {
     SourceFile file;
     SeedDirection direction = SeedDirection::UP;
+    /// Whether its words stay even where they are more often a slip.
+    bool keepsSlips = true;
 };
 
 struct PairsSeedSource {
@@ -52,6 +54,9 @@ struct CorrectionsSource {
     SourceFile file;
     /// Of the typed form; without one it has that of the first word it stands for.
     std::optional<int> probability = 1;
+    /// For a list made by rule: how often the form is written among the times that the word is meant. 0 for
+    /// a list written by hand, which is taken as it stands.
+    double share = 0.0;
 };
 
 struct ShortcutsSource {
@@ -70,11 +75,20 @@ struct CapRule {
     double exponent = 1.0;
 };
 
+/// Which words are more often a slip of the finger than meant.
+struct SlipsRule {
+    std::string layout;
+    double ratio = 1.0;
+    double least = 1e-7;
+};
+
 /// From a relative frequency to the dictionary's scale of 0 to 255.
 struct ScaleRule {
     double base = 255.0;
     double factor = 9.0;
     double reference = 0.5;
+    /// Above it the scale is pressed together, so that certainty comes out as the maximum.
+    double knee = 255.0;
     int minimum = 1;
     int maximum = 250;
 };
@@ -111,6 +125,7 @@ struct Recipe {
     std::vector<ShortcutsSource> shortcuts;
     std::optional<CaseTwinsRule> caseTwins;
     std::optional<CapRule> cap;
+    std::optional<SlipsRule> slips;
     ScaleRule scale;
     PairsRule pairs;
     LimitRule limit;

@@ -2,6 +2,7 @@
 #include "compiler/replacement_steps.h"
 
 #include "compiler/list_readers.h"
+#include "compiler/slip_steps.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,7 +10,9 @@
 namespace vorpel::compiler {
 
 ReplacementSteps::Entries ReplacementSteps::run() {
-    for (const CorrectionsSource& source : recipe_.corrections) readCorrections(source);
+    for (const CorrectionsSource& source : recipe_.corrections) {
+        source.share > 0.0 ? readRuleMade(source) : readCorrections(source);
+    }
     for (const ShortcutsSource& source : recipe_.shortcuts) readShortcuts(source);
     return std::move(entries_);
 }
@@ -25,9 +28,36 @@ void ReplacementSteps::readCorrections(const CorrectionsSource& source) {
             return;
         }
         warnOfUnknownWords(*file, targets);
-        WordEntry& entry = entryFor(typed, source.probability.value_or(probabilityOf(targets.front())));
-        report_->corrections += addTargets(&entry, targets, WHITELIST_SHORTCUT_STRENGTH);
+        addCorrection(source, typed, targets);
     });
+}
+
+/// What a rule made is judged line by line: it knows neither the words nor their frequencies.
+void ReplacementSteps::readRuleMade(const CorrectionsSource& source) {
+    SlipCounts slips;
+    if (std::optional<ListFile> file = opener_->open(source.file)) {
+        readReplacements(*file, [&](std::string_view typed, const Targets&) { slips.watch(typed); });
+    }
+    slips.count(*recipe_.slips, lexicon_,
+                [](const Lexicon::Lexeme& lexeme) { return lexeme.probability.has_value(); });
+    std::optional<ListFile> file = opener_->open(source.file);
+    if (!file) return;
+    readReplacements(*file, [&](std::string_view typed, const Targets& targets) {
+        const bool isPlain =
+            std::ranges::all_of(targets, [&](std::string_view word) { return isWord(word); });
+        const double written = source.share * slips.meant(targets.front());
+        if (!isPlain || slips.meant(typed) > 0.0 || isWord(typed) || slips.of(typed) > written) {
+            ++report_->correctionsSkipped;
+            return;
+        }
+        addCorrection(source, typed, targets);
+    });
+}
+
+void ReplacementSteps::addCorrection(const CorrectionsSource& source, std::string_view typed,
+                                     const Targets& targets) {
+    WordEntry& entry = entryFor(typed, source.probability.value_or(probabilityOf(targets.front())));
+    report_->corrections += addTargets(&entry, targets, WHITELIST_SHORTCUT_STRENGTH);
 }
 
 void ReplacementSteps::readShortcuts(const ShortcutsSource& source) {

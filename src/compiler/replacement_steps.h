@@ -32,6 +32,8 @@ private:
     using Targets = std::vector<std::string_view>;
 
     void readCorrections(const CorrectionsSource& source);
+    void readRuleMade(const CorrectionsSource& source);
+    void addCorrection(const CorrectionsSource& source, std::string_view typed, const Targets& targets);
     void readShortcuts(const ShortcutsSource& source);
     bool isWord(std::string_view typed) const;
     int probabilityOf(std::string_view word) const;

@@ -3,6 +3,7 @@
 
 #include "compiler/list_readers.h"
 #include "compiler/probability_scale.h"
+#include "compiler/slip_steps.h"
 #include "compiler/word_text.h"
 
 #include <algorithm>
@@ -21,6 +22,8 @@ Lexicon UnigramSteps::run() {
     pullSeeds();
     if (recipe_.cap) capUnseeded();
     raiseToFloors();
+    readOffensives();
+    if (recipe_.slips) report_->slipsDropped = dropSlips(*recipe_.slips, &lexicon_);
     limitAndScale();
     markOffensive();
     return std::move(lexicon_);
@@ -69,6 +72,7 @@ void UnigramSteps::readSeedFile(const SeedSource& source) {
         if (lexeme.isSeeded()) warn("stands in several tiers; the highest counts");
         if (lexeme.isExcluded) warn("is excluded; the seed does not bring it back");
         lexeme.isInVocabulary = true;
+        lexeme.staysAsSlip = lexeme.staysAsSlip || source.keepsSlips;
         if (tier > lexeme.tier) {
             lexeme.tier = tier;
             lexeme.tierMayLower = source.direction == SeedDirection::BOTH;
@@ -201,17 +205,21 @@ void UnigramSteps::limitAndScale() {
     for (Lexicon::Lexeme* lexeme : words) lexeme->probability = toScale(recipe_.scale, lexeme->frequency);
 }
 
-void UnigramSteps::markOffensive() {
+void UnigramSteps::readOffensives() {
     for (const SourceFile& source : recipe_.offensives) {
         std::optional<ListFile> file = opener_->open(source);
         if (!file) continue;
-        readWordList(*file, [this](std::string_view word) {
-            lexicon_[lexicon_.intern(word)].isOffensive = true;
-            if (lexicon_.findInDictionary(word) == Lexicon::NONE) ++report_->unknownOffensiveWords;
-        });
+        readWordList(*file,
+                     [this](std::string_view word) { lexicon_[lexicon_.intern(word)].isOffensive = true; });
     }
+}
+
+void UnigramSteps::markOffensive() {
     std::vector<int> capitals;
     for (int index = 0; index < lexicon_.size(); ++index) {
+        if (lexicon_[index].isOffensive && lexicon_.findInDictionary(lexicon_[index].word) == Lexicon::NONE) {
+            ++report_->unknownOffensiveWords;
+        }
         if (!lexicon_[index].probability || lexicon_[index].isOffensive) continue;
         const std::optional<std::string> smallForm = withSmallFirstLetter(lexicon_[index].word);
         const int twin = smallForm ? lexicon_.find(*smallForm) : Lexicon::NONE;

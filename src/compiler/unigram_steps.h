@@ -33,6 +33,7 @@ private:
     void pullSeeds();
     void capUnseeded();
     void raiseToFloors();
+    void readOffensives();
     void limitAndScale();
     void markOffensive();
 

@@ -128,6 +128,13 @@ TEST_F(DictionaryBuilderTest, SeedsPullCapsTameFloorsRaise) {
         probabilities());
 }
 
+TEST_F(DictionaryBuilderTest, AKneeKeepsTheLikeliestApart) {
+    // Plain values 300, 280, 260, 240, 200; the top is 300.
+    file("p.tsv", "a\t1\nb\t0.5\nc\t0.25\nd\t0.125\ne\t0.03125\n");
+    build("scale base=300 factor=20 reference=1 knee=220 maximum=250\nwords p.tsv kind=probability\n");
+    EXPECT_EQ(probabilities(), (Probabilities{{"a", 250}, {"b", 243}, {"c", 235}, {"d", 228}, {"e", 200}}));
+}
+
 TEST_F(DictionaryBuilderTest, TheScaleFollowsItsFormula) {
     file("a.tsv", "the\t0.06\nrare\t1e-6\nrarer\t1e-8\nrarest\t1e-12\nall\t1\n");
     build("words a.tsv kind=probability");
@@ -190,6 +197,32 @@ TEST_F(DictionaryBuilderTest, OffensiveWordsStaySilentlyAndExcludedOnesGo) {
     EXPECT_EQ(1u, pairsOf("a").size());
     EXPECT_EQ(2, report().seedPairsSkipped);
     EXPECT_TRUE(warns("pairs:1: \"bad\" is offensive") && warns("pairs:1: \"c\" is not in the dictionary"));
+}
+
+TEST_F(DictionaryBuilderTest, WhatIsMoreOftenASlipThanMeantIsNoWord) {
+    // On the English page r lies beside e: one "the" in fifty comes out as "thr".
+    file("p.tsv",
+         "the\t0.05\nthr\t0.0009\nTHR\t0.0002\nthw\t0.0009\nteh\t1e-6\nrhe\t1e-6\nhte\t1e-6\n"
+         "phone\t0.0001\n");
+    file("mine.txt", "[tier 1e-9]\nrhe\n");
+    file("loose.txt", "[tier 1e-9]\nteh\n");
+    file("rude.txt", "hte\n");
+    file("rule.tsv", "fone\tphone\nthee\tphone\nthe\tphone\nbone\tunknown\n");
+    build(PLAIN_SCALE + std::string("words p.tsv kind=probability\nseed mine.txt\nseed loose.txt slips=drop\n"
+                                    "offensive rude.txt\nslips en ratio=1\n"
+                                    "corrections rule.tsv probability=7 share=0.01\n"));
+    // Both cases of "thr" together are meant more often than slipped into; "thw" is not, nor "teh".
+    Probabilities words = probabilities();
+    for (const char* word : {"the", "thr", "THR", "rhe", "hte", "phone"})
+        EXPECT_TRUE(words.contains(word)) << word;
+    for (const char* word : {"thw", "teh"}) EXPECT_FALSE(words.contains(word)) << word;
+    EXPECT_EQ(report().slipsDropped, 2);
+    // "thee" is likelier a slip, "the" is a word, and nothing is known of "unknown".
+    EXPECT_EQ(entry("fone").shortcuts, (std::vector<ShortcutEntry>{{"phone", 15}}));
+    EXPECT_EQ(entry("fone").probability, 7);
+    EXPECT_EQ(report().corrections, 1);
+    EXPECT_EQ(report().correctionsSkipped, 3);
+    EXPECT_TRUE(report().warnings.empty());
 }
 
 TEST_F(DictionaryBuilderTest, CountedPairsBecomeStrengths) {
