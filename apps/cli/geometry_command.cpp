@@ -16,8 +16,9 @@ constexpr double REFERENCE_HEIGHT = 216;
 }  // namespace
 
 int writeGeometry(const GeometryArguments& arguments) {
-    const compiler::KeyPage page = compiler::layOutPortraitPage(compiler::letterRows(arguments.language),
-                                                                arguments.width, REFERENCE_HEIGHT);
+    compiler::KeyPage page = compiler::layOutPortraitPage(compiler::letterRows(arguments.language),
+                                                          arguments.width, REFERENCE_HEIGHT);
+    compiler::addHeldLetters(arguments.language, &page);
     const std::string locale = arguments.language == "en" ? "en_US" : "ar_SA";
     const auto letterCase = arguments.capitals ? compiler::LetterCase::Upper : compiler::LetterCase::Lower;
     compiler::writeGeometryFile(arguments.out, page, locale, letterCase);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+#include <string_view>
 
 namespace vorpel::compiler {
 
@@ -160,6 +161,14 @@ KeyRow bottomRow() {
     return {special, special, special, {RowKey::Kind::Space, ' '}, special};
 }
 
+struct HeldKey {
+    const char* language;
+    char32_t key;
+    std::u32string_view letters;
+};
+
+constexpr HeldKey HELD_KEYS[] = {{"ar", U'ا', U"أإآ"}};
+
 }  // namespace
 
 std::vector<KeyRow> letterRows(const std::string& language) {
@@ -204,6 +213,19 @@ KeyPage layOutPortraitPage(const std::vector<KeyRow>& rows, double width, double
         }
     }
     return page;
+}
+
+void addHeldLetters(const std::string& language, KeyPage* page) {
+    for (const HeldKey& held : HELD_KEYS) {
+        if (language != held.language) continue;
+        const auto key = std::ranges::find(page->keys, static_cast<int>(held.key), &KeyFrame::codePoint);
+        if (key == page->keys.end()) continue;
+        KeyFrame frame = *key;
+        for (const char32_t letter : held.letters) {
+            frame.codePoint = static_cast<int>(letter);
+            page->keys.push_back(frame);
+        }
+    }
 }
 
 }  // namespace vorpel::compiler

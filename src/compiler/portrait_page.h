@@ -30,4 +30,8 @@ std::vector<KeyRow> letterRows(const std::string& language);
 /// Throws std::invalid_argument for a size that leaves no room for the keys.
 KeyPage layOutPortraitPage(const std::vector<KeyRow>& rows, double width, double height);
 
+/// Adds the letters that a long press gives, in the frame of the key that is held: a touch there may mean
+/// any of them. Keys that the page does not have are passed over.
+void addHeldLetters(const std::string& language, KeyPage* page);
+
 }  // namespace vorpel::compiler

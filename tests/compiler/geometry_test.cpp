@@ -129,6 +129,36 @@ TEST(GeometryTest, TheFileHoldsThePageInWholePointsAndItsCentresExactly) {
     EXPECT_EQ(geometryJson(page, "en_US", LetterCase::Lower), geometryJson(page, "en_US", LetterCase::Lower));
 }
 
+TEST(GeometryTest, LettersOfALongPressLieOnTheirKey) {
+    KeyPage page = layOutPortraitPage(letterRows("ar"), 375, 216);
+    const std::size_t drawn = page.keys.size();
+    addHeldLetters("ar", &page);
+    ASSERT_EQ(page.keys.size(), drawn + 3);
+    const KeyFrame alef = keyOf(page, U'ا');
+    const Json::Value file = parse(geometryJson(page, "ar_SA", LetterCase::Lower));
+    for (const char32_t letter : {U'أ', U'إ', U'آ'}) {
+        EXPECT_EQ(keyOf(page, letter).centerX(), alef.centerX());
+        EXPECT_EQ(keyOf(page, letter).centerY(), alef.centerY());
+    }
+    // Wherever a touch may have meant the alef, it may have meant them.
+    const Json::Value& grid = file["proximityCharsArray"];
+    int cellsOfAlef = 0;
+    for (Json::ArrayIndex cell = 0; cell < grid.size(); cell += 16) {
+        std::u32string listed;
+        for (Json::ArrayIndex slot = 0; slot < 16; ++slot)
+            listed += static_cast<char32_t>(grid[cell + slot].asInt());
+        for (const char32_t letter : {U'أ', U'إ', U'آ'}) {
+            ASSERT_EQ(listed.find(letter) == listed.npos, listed.find(U'ا') == listed.npos) << cell;
+        }
+        cellsOfAlef += listed.find(U'ا') != listed.npos;
+    }
+    EXPECT_GT(cellsOfAlef, 0);
+    KeyPage english = layOutPortraitPage(letterRows("en"), 375, 216);
+    const std::size_t letters = english.keys.size();
+    addHeldLetters("en", &english);
+    EXPECT_EQ(english.keys.size(), letters);
+}
+
 TEST(GeometryTest, WhatCannotBeAPageIsRefused) {
     EXPECT_THROW(letterRows("tlh"), std::invalid_argument);
     EXPECT_THROW(layOutPortraitPage(letterRows("en"), 20, 216), std::invalid_argument);
