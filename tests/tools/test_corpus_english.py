@@ -13,14 +13,16 @@ CORPUS = Path(__file__).resolve().parents[2] / "tools" / "corpus"
 sys.path.insert(0, str(CORPUS))
 
 import english  # noqa: E402
+import english_sounds  # noqa: E402
 from common import Exclusion, sentence_hash  # noqa: E402
 from english_case import CaseModel, mark_run  # noqa: E402
 
 SCOWL = {
     "english-words.10": "the dog may house see love it's he bites",
     "english-words.35": "abacus march falling dog's",
-    "english-words.80": "tha abaci abacist",
-    "english-upper.80": "Abaci Thae",
+    "english-words.70": "tha abaci abacist",
+    "english-upper.70": "Abaci Thae",
+    "english-words.80": "abacinate",
     "english-words.95": "zyzzyva",
     "english-upper.10": "I London March May",
     "english-abbreviations.40": "NASA",
@@ -39,6 +41,12 @@ Falling in Love With Your House
 I see the x in march, March and the 3 dogs of the dog's house. See section B.3 of it.
 Old man's man's man's man's love.
 %
+"""
+PRONUNCIATIONS = """;; comment
+("abacus" nil (((ae) 1) ((b ax) 0) ((k ax s) 0)))
+("falling" nil (((f ao l) 1) ((ih ng) 0)))
+("thnask" nil (((th n ae s k) 1)))
+("see" nil (((s iy) 1)))
 """
 WORDNET = """  1 licence "not this"
 00001 00 a 01 w 0 000 | a gloss; "the dog may march"; "good-natured people"
@@ -74,6 +82,7 @@ def write_packages(root: Path) -> Path:
     put("wordnet-base/usr/share/wordnet/data.adj", WORDNET.encode())
     put("onboard-data/usr/share/onboard/models/en_US.lm", ONBOARD.encode())
     put("jargon-text/usr/share/doc/jargon-text/jargon.txt.gz", gzip.compress("see the {dog}\n".encode(), mtime=0))
+    put("festlex-cmu/usr/share/festival/dicts/cmu/cmudict-0.4.out", PRONUNCIATIONS.encode())
     put("anarchism/usr/share/doc/anarchism/html/secA1.html",
         b"<p>the <b>dog</b>&amp;the house</p><p>see also the dog</p>")
     return packages
@@ -133,7 +142,8 @@ class ExtractionTest(unittest.TestCase):
         self.assertGreater(floors["color"], floors["colour"])
         self.assertIn("facebooker", floors)
         self.assertIn("q", floors)
-        for absent in ("zyzzyva", "manoeuvrable", "XQZ", "Q", "dog's"):
+        self.assertLess(floors["Thnask"], floors["q"])  # a name that only the pronouncing dictionary has
+        for absent in ("zyzzyva", "manoeuvrable", "abacinate", "XQZ", "Q", "dog's", "Falling", "See"):
             self.assertNotIn(absent, floors)
         self.assertNotIn("q", self.counts(folder, "onboard"))
         self.assertEqual(read_table(folder / "onboard.pairs.tsv"), {("London", "the"): "2.00"})
@@ -170,6 +180,34 @@ class ExtractionTest(unittest.TestCase):
             subprocess.run(command, check=True, env={"PYTHONHASHSEED": seed})
             outputs.append({path.name: path.read_bytes() for path in out.iterdir()})
         self.assertEqual(outputs[0], outputs[1])
+
+
+class SpellingByEarTest(unittest.TestCase):
+    TABLE = english_sounds.read_spellings(english.SOUNDS)
+
+    def test_letters_are_laid_along_their_phones(self) -> None:
+        for word, phones, expected in (
+                ("knight", "n ay t", [("n", "kn"), ("ay", "igh"), ("t", "t")]),
+                ("nation", "n ey sh ax n", [("n", "n"), ("ey", "a"), ("sh ax n", "tion")]),
+                ("quick", "k w ih k", [("k w", "qu"), ("ih", "i"), ("k", "ck")])):
+            units = english_sounds.align(word, tuple(phones.split()), self.TABLE)
+            self.assertEqual(units, [(tuple(sounds.split()), letters) for sounds, letters in expected])
+        self.assertIsNone(english_sounds.align("xyz", ("m", "ow"), self.TABLE))
+
+    def test_forms_sound_alike_and_are_more_than_a_slip_away(self) -> None:
+        spoken = {"phonetic": tuple("f ax n eh t ih k".split()), "fanatic": tuple("f ax n ae t ih k".split())}
+        known = {"phonetic", "fanatic", "fantastic", "finish", "frenetic", "kinetic", "network"}
+        forms = english_sounds.spelled_by_ear({"phonetic": 3.0, "fanatic": 9.0}, spoken, english.SOUNDS, known)
+        self.assertEqual(forms.get("fonetic"), "phonetic")
+        self.assertFalse(known & set(forms))
+        for form, word in forms.items():
+            self.assertTrue(english_sounds.is_far(form, word), form)
+
+    def test_one_slip_is_not_far(self) -> None:
+        for near in ("word", "wrod", "wordd", "ord", "wird"):
+            self.assertFalse(english_sounds.is_far(near, "word"), near)
+        for far in ("wrd0", "drow", "wo", "wordly"):
+            self.assertTrue(english_sounds.is_far(far, "word"), far)
 
 
 class CaseTest(unittest.TestCase):

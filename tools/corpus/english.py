@@ -4,17 +4,19 @@
 
     tools/corpus/english.py --packages build/corpus/packages --out build/corpus/en [--exclude HASHES]
 
-Writes, per source, SOURCE.words.tsv (word<TAB>count) and SOURCE.pairs.tsv (first<TAB>second<TAB>count), and
-vocabulary.tsv (word<TAB>smallest probability). Output is sorted: the same packages give the same bytes.
+Writes, per source, SOURCE.words.tsv (word<TAB>count) and SOURCE.pairs.tsv (first<TAB>second<TAB>count),
+vocabulary.tsv (word<TAB>smallest probability) and by_ear.tsv (form<TAB>word that sounds like it). Output is sorted: the same packages give the same bytes.
 """
 from __future__ import annotations
 
 import argparse
 import re
 import sys
+from collections import Counter
 from collections.abc import Callable, Iterable, Iterator
 from pathlib import Path
 
+import english_sounds
 import english_sources as sources
 from common import Counts, Exclusion, Pair, write_probabilities, write_table
 from english_case import CaseModel, Token, mark_run
@@ -28,6 +30,11 @@ SINGLE_LETTERS = frozenset(("a", "I", "o"))
 CONTRACTED = frozenset("it's he's she's that's what's who's where's how's there's here's let's when's why's".split())
 SMALLEST_POSSESSIVE_COUNT = 3
 ONBOARD_FLOOR = 1e-8
+# Names that only the pronouncing dictionary has are left alone when typed, and never thrust upon anybody.
+SPOKEN_NAME_FLOOR = 1e-9
+SHORTEST_SPOKEN_NAME = 5
+SMALLEST_COUNT_BY_EAR = 3
+SOUNDS = Path(__file__).resolve().parents[2] / "data" / "en" / "sounds.tsv"
 LETTER_FLOOR = 1e-8
 LONGEST_WORD = 48  # the dictionary format has no room for more
 ONBOARD_PAIR_UNIT = 500  # the model lists no pair seen less often
@@ -132,6 +139,21 @@ def set_letters(floors: dict[str, float]) -> None:
             floors.pop(letter.upper(), None)
 
 
+def add_spoken_names(spoken: Iterable[str], floors: dict[str, float]) -> None:
+    """What the pronouncing dictionary has and the word lists have not is nearly always a name."""
+    known = {word.lower() for word in floors}
+    for word in spoken:
+        if word not in known and len(word) >= SHORTEST_SPOKEN_NAME:
+            floors[word.capitalize()] = SPOKEN_NAME_FLOOR
+
+
+def write_by_ear(out: Path, words: Counter[str], spoken: dict[str, tuple[str, ...]], floors: dict[str, float]) -> None:
+    frequent = {word: float(count) for word, count in words.items()
+                if count >= SMALLEST_COUNT_BY_EAR and word.islower() and word in floors}
+    forms = english_sounds.spelled_by_ear(frequent, spoken, SOUNDS, {word.lower() for word in floors})
+    write_table(out / "by_ear.tsv", forms.items())
+
+
 def extract(packages: Path, out: Path, exclusion: Exclusion) -> list[str]:
     """Write all tables; returns the names of the sources that were empty."""
     floors = sources.scowl_floors(packages)
@@ -145,15 +167,22 @@ def extract(packages: Path, out: Path, exclusion: Exclusion) -> list[str]:
         case.learn(runs)
     everyday = texts["fortunes"] + texts["examples"]
     possessives = frequent_possessives(everyday, case, known)
+    everyday_words: Counter[str] = Counter()
     for name, runs in texts.items():
         if runs:
-            count_source(runs, case, possessives).write(out, name)
+            counts = count_source(runs, case, possessives)
+            counts.write(out, name)
+            if name in ("fortunes", "examples"):
+                everyday_words.update(counts.words)
     for word in possessives:
         floors[word] = ONBOARD_FLOOR
     write_onboard(packages, out, floors)
     set_letters(floors)
+    spoken = english_sounds.pronunciations(packages)
+    add_spoken_names(spoken, floors)
+    write_by_ear(out, everyday_words, spoken, floors)
     write_probabilities(out / "vocabulary.tsv", {word: p for word, p in floors.items() if len(word) <= LONGEST_WORD})
-    return [name for name, runs in texts.items() if not runs]
+    return [name for name, runs in texts.items() if not runs] + ([] if spoken else ["pronunciations"])
 
 
 def main() -> int:

@@ -17,7 +17,7 @@ SIGNATURE = re.compile(r"^\s*(--|—|―|\[)\s*\S")
 REFERENCE = re.compile(r"\b(see|in|of|next|last|this) (also|section|chapter|appendix|question)\b|\bsections? [A-Z]\b|"
                        r"\bop\. ?cit|\bibid|\bpp?\. ?\d|https?:|www\.|\.(com|org|edu|net)\b|<", re.IGNORECASE)
 
-SCOWL_FLOORS = {10: 3e-6, 20: 2e-6, 35: 1e-6, 40: 5e-7, 50: 3e-7, 55: 2e-7, 60: 1e-7, 70: 5e-8, 80: 1e-8}
+SCOWL_FLOORS = {10: 3e-6, 20: 2e-6, 35: 1e-6, 40: 5e-7, 50: 3e-7, 55: 2e-7, 60: 1e-7, 70: 5e-8}
 SCOWL_LISTS = ("words", "upper", "proper-names", "contractions", "abbreviations")
 NAME_LISTS = ("upper", "proper-names")
 # Names are many and seldom meant: at equal level they stand below words, and abbreviations below both.
