@@ -5,7 +5,7 @@
     tools/corpus/arabic.py --packages build/packages --out build/sources/ar [--exclude HASHES]
 
 Writes NAME.words.tsv for each source, pairs.tsv of them all, and the lists vocabulary.tsv, floor.tsv, forms.tsv,
-dropped.txt, alef.tsv, exact.tsv and second.tsv. The same packages give the same bytes. A package that is not there is left out.
+dropped.txt, alef.tsv, exact.tsv and shared.pairs.tsv. The same packages give the same bytes. A package that is not there is left out.
 """
 from __future__ import annotations
 
@@ -16,6 +16,7 @@ from collections.abc import Callable, Iterable, Iterator, Mapping
 from pathlib import Path
 
 import arabic_forms
+import arabic_followers
 import arabic_lists
 import arabic_sources
 import arabic_spelling
@@ -33,8 +34,8 @@ READERS: dict[str, tuple[str, Callable[[Path], Iterator[str]]]] = {
 }
 # The share of all text that the hand-written paradigms cover; their sections are written as if it were everything.
 FORMS_SHARE = .4
-LOOSE_ENDINGS, NEEDLESS_HAMZAS = 20000, 4000
-WORDS = 130000
+LOOSE_ENDINGS, NEEDLESS_HAMZAS = 4000, 2000
+WORDS = 220000
 OFFENSIVE = 1e-5
 
 
@@ -57,8 +58,8 @@ def general_pairs(sources: Iterable[Mapping[tuple[str, str], int]]) -> Counter[t
 
 
 def read_sources(packages: Path, exclusion: common.Exclusion,
-                 out: Path) -> dict[str, Mapping[str, float]]:
-    """Count every source, write its counts, and return the words of those that are there."""
+                 out: Path) -> tuple[dict[str, Mapping[str, float]], Counter[tuple[str, str]]]:
+    """Count every source, write its counts, and return the words of those that are there, and the pairs of all."""
     counts: dict[str, Mapping[str, float]] = {}
     source_pairs: list[Counter[tuple[str, str]]] = []
     for name, (package, reader) in READERS.items():
@@ -69,14 +70,15 @@ def read_sources(packages: Path, exclusion: common.Exclusion,
         counts[name] = words
         write(out / f"{name}.words.tsv", (f"{word}\t{number}" for word, number in words.items()))
         source_pairs.append(pairs)
-    write(out / "pairs.tsv", (f"{first}\t{second}\t{n}" for (first, second), n in general_pairs(source_pairs).items()))
+    pairs = general_pairs(source_pairs)
+    write(out / "pairs.tsv", (f"{first}\t{second}\t{n}" for (first, second), n in pairs.items()))
     moved = arabic_sources.transfer(packages / "dict-freedict-eng-ara", arabic_sources.english_counts(packages))
     if moved:
         counts["transfer"] = moved
         write_numbers(out / "transfer.words.tsv", moved)
     else:
         print("arabic: no English frequencies to transfer", file=sys.stderr)
-    return counts
+    return counts, pairs
 
 
 def hand_written() -> dict[str, float]:
@@ -95,7 +97,6 @@ def hand_written() -> dict[str, float]:
 def write_corrections(out: Path, loose: arabic_lists.LooseSpelling) -> None:
     for name, lines in (("alef.tsv", loose.alefs), ("exact.tsv", loose.exact)):
         write(out / name, (f"{typed}	{intended}" for typed, intended in lines.items()))
-    write(out / "second.tsv", ("\t".join((typed, *words)) for typed, words in loose.second.items()))
     write(out / "dropped.txt", loose.dropped)
 
 
@@ -110,7 +111,7 @@ def make(packages: Path, out: Path, exclusion: common.Exclusion) -> None:
     out.mkdir(parents=True, exist_ok=True)
     seed = arabic_lists.read_seed(DATA / "seed.txt")
     forms = hand_written()
-    counts = read_sources(packages, exclusion, out)
+    counts, pairs = read_sources(packages, exclusion, out)
     valid = arabic_spelling.checker(packages)
     if valid is None:
         print("arabic: no hunspell; words of the sources are kept by how often they occur", file=sys.stderr)
@@ -145,6 +146,8 @@ def make(packages: Path, out: Path, exclusion: common.Exclusion) -> None:
     loose.add_endings(LOOSE_ENDINGS)
     loose.add_needless_hamzas(NEEDLESS_HAMZAS)
     write_corrections(out, loose)
+    shared = arabic_followers.shared(DATA, pairs, seed, probabilities, loose.dropped)
+    common.write_table(out / "shared.pairs.tsv", ((*pair, f"{n:.3f}") for pair, n in shared.items()))
     write(out / "vocabulary.tsv", kept & set(probabilities))
     write_numbers(out / "forms.tsv", {word: p for word, p in forms.items() if word in probabilities})
     write_numbers(out / "floor.tsv", {word: p for word, p in floors.items() if word in probabilities})

@@ -19,8 +19,8 @@ _PREFIXED_WORDS = 4000
 # A bare spelling that is a word itself gives way to one with a hamza that is this much more usual, and not rare:
 # about half of the people leave the hamza out, and the frequencies of rare words are little known.
 _GIVE_WAY, _NOT_RARE = 4.0, 1e-6
-# What is offered beside a word has to be worth its place.
-_WORTH = 1e-7
+# The key of the alef finds rarer words by itself; a correction of them would rather hit slips in other words.
+_WORTH_A_CORRECTION = 1e-5
 # Derived verbs and their nouns (استخدم، الاجتماع), which people like to write with a hamza.
 _PLAIN_ALEF = re.compile("(?:[وفبل]?ال|[وفبل])?ا(?!ل)(?=...)")
 
@@ -95,8 +95,8 @@ class LooseSpelling:
     """Corrections of words typed without the hamza of an alef, and of other spellings that people mix up.
 
     `by_hand` are the corrections that people have settled already, `rejected` what the spelling checker refuses.
-    `dropped` are spellings that leave the vocabulary for a correction, `alefs` the corrections that are to be found with
-    a slip besides, `exact` those for just this spelling, `second` what is to be offered beside.
+    `dropped` are spellings that leave the vocabulary for another, `alefs` the corrections of bare alefs, `exact` those of
+    other spellings.
     """
 
     def __init__(self, probabilities: Mapping[str, float], protected: Iterable[str], rejected: set[str],
@@ -108,7 +108,6 @@ class LooseSpelling:
         self.dropped = {typed for typed in by_hand if typed in probabilities}
         self.alefs: dict[str, str] = {}
         self.exact: dict[str, str] = {}
-        self.second: dict[str, list[str]] = {}
         self._typed: set[str] = set()
 
     def _gives_way(self, typed: str, best: str) -> bool:
@@ -131,11 +130,7 @@ class LooseSpelling:
             if typed in self._by_hand and words[0] != self._by_hand[typed]:
                 continue
             if typed in self._by_hand or self._gives_way(typed, words[0]):
-                self._correct(typed, words[0], self.alefs)
-                words = words[1:]
-            rest = [word for word in words if self._p[word] >= _WORTH][:2]
-            if rest:
-                self.second[typed] = rest
+                self._correct(typed, words[0], self.alefs if self._p[words[0]] >= _WORTH_A_CORRECTION else None)
 
     def add_endings(self, most: int) -> None:
         """The commonest words in ة or ي typed with ه or ى."""
@@ -159,8 +154,9 @@ class LooseSpelling:
         if not any(typed in known for known in (self._p, self._typed, self._by_hand)):
             self._correct(typed, intended, self.exact)
 
-    def _correct(self, typed: str, intended: str, corrections: dict[str, str]) -> None:
+    def _correct(self, typed: str, intended: str, corrections: dict[str, str] | None) -> None:
         if typed in self._p:
             self.dropped.add(typed)
         self._typed.add(typed)
-        corrections[typed] = intended
+        if corrections is not None:
+            corrections[typed] = intended
