@@ -175,13 +175,12 @@ void Suggest<PolicyType>::expandCompletions(DicTraverseSession* session, const D
         child->takeCostsOf(charged);
         DicNode* const terminal = makeTerminalDicNode(session, child);
         const bool mayBeTaken = goesOn && child->hasChildren() && cache->mayTakeNextActive(child);
-        if (!terminal && !mayBeTaken) continue;
-        letters.giveWords(i, child);
         if (terminal) {
-            terminal->takeWordsOf(child);
+            letters.giveWords(i, terminal);
             cache->copyPushTerminal(terminal);
         }
         if (!mayBeTaken) continue;
+        letters.giveWords(i, child);
         ++session->getMutableStatistics()->nodesPushedActive;
         if (place) {
             cache->pushNextActiveInPlace(place);
