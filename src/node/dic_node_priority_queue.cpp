@@ -52,7 +52,7 @@ void DicNodePriorityQueue::store(DicNode* instance) {
     nodes_.push_back(newcomer);
     const int size = static_cast<int>(nodes_.size());
     if (isSorted_ && size == maxSize_) bound_ = newcomer;
-    if (size == roomFor(maxSize_)) keepBest();
+    if (size >= roomFor(maxSize_)) keepBest();
 }
 
 void DicNodePriorityQueue::copyPop(DicNode* dest) {
@@ -75,11 +75,11 @@ void DicNodePriorityQueue::keepBest() {
     if (nodes_.size() <= keptCount) return;
     std::nth_element(nodes_.begin(), nodes_.begin() + static_cast<std::ptrdiff_t>(keptCount), nodes_.end(),
                      isNearer);
-    settleTies(keptCount);
+    if (keptCount > 0) settleTies(keptCount);
     for (size_t i = keptCount; i < nodes_.size(); ++i) pool_.placeBackInstance(nodes_[i].dicNode);
     nodes_.resize(keptCount);
     isSorted_ = false;
-    if (keptCount > 0) bound_ = findWorst();
+    bound_ = keptCount > 0 ? findWorst() : RankedDicNode();
 }
 
 /// Costs that are nearly equal count as equal: of the nodes on both sides of the cut that do, those with the

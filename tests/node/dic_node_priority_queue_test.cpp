@@ -141,16 +141,28 @@ TEST(DicNodePriorityQueueTest, EveryPlaceIsFreeAgainAfterClear) {
         }
         queue.clear();
     }
-    // A limit lowered while more are stored holds for those too.
-    for (int i = 0; i < 10; ++i) {
-        const DicNode node = makeNode(i, static_cast<float>(i), {'a'});
-        queue.copyPush(&node);
+}
+
+TEST(DicNodePriorityQueueTest, ALoweredLimitHoldsForWhatIsStored) {
+    for (const int limit : {0, 1, 4, 10}) {
+        SCOPED_TRACE(limit);
+        DicNodePriorityQueue queue(10);
+        const auto push = [&](int id) {
+            const DicNode node = makeNode(id, static_cast<float>(id), {'a'});
+            queue.copyPush(&node);
+        };
+        for (int i = 40; i < 50; ++i) push(i);
+        queue.setMaxSize(limit);
+        EXPECT_EQ(queue.getSize(), limit);
+        for (int i = 39; i >= 0; --i) push(i);
+        EXPECT_EQ(queue.getSize(), limit);
+        for (int expected = limit - 1; expected >= 0; --expected) {
+            DicNode worst;
+            queue.copyPop(&worst);
+            EXPECT_EQ(worst.getPtNodePos(), expected);
+        }
+        EXPECT_TRUE(queue.inOrder().empty());
     }
-    queue.setMaxSize(4);
-    EXPECT_EQ(queue.getSize(), 4);
-    DicNode worst;
-    queue.copyPop(&worst);
-    EXPECT_EQ(worst.getPtNodePos(), 3);
 }
 
 TEST(DicNodeComparatorTest, OrdersByExactnessDistanceDepthAndWord) {
