@@ -109,6 +109,21 @@ Bytes forgedLists() {
     return TrieAssembler::fileOf(body);
 }
 
+TEST_F(DamageTest, ChildrenOutsideTheFileGiveNoCreditForMoreReading) {
+    const Bytes file = TrieAssembler::fileOf({1, 0x10, 'a', 200});
+    GuardedMapping mapping(file);
+    const wordengine::PatriciaTriePolicy policy(mapping.open());
+    wordengine::DicNodeChildList children;
+    policy.readChildren(0, &children);
+    EXPECT_EQ(children.getBytesRead(), 4);
+    for (const int position : {4, 5, 1 << 24, -1, wordengine::NO_DICT_POS}) {
+        policy.readChildren(position, &children);
+        EXPECT_EQ(children.getBytesRead(), 4) << position;
+    }
+    EXPECT_EQ(children.size(), 1);
+    EXPECT_TRUE(policy.isCorrupted());
+}
+
 TEST_F(DamageTest, ForgedListsDoNotKeepASearchBusy) {
     constexpr int64_t LIMIT = int64_t{1} << 25;
     const Bytes file = forgedLists();

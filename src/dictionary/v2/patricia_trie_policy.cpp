@@ -47,6 +47,7 @@ PatriciaTriePolicy::PatriciaTriePolicy(MmappedBuffer::MmappedBufferPtr mmappedBu
 
 void PatriciaTriePolicy::readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const {
     ByteReader reader(body_, ptNodeArrayPos);
+    const int bytesAhead = reader.ok() ? reader.remaining() : 0;
     const int ptNodeCount = PatriciaTrieReadingUtils::getPtNodeArraySizeAndAdvancePosition(&reader);
     std::array<int, WORD_LENGTH_LIMIT> codePoints;
     for (int i = 0; i < ptNodeCount && reader.ok(); ++i) {
@@ -67,7 +68,7 @@ void PatriciaTriePolicy::readChildren(int ptNodeArrayPos, DicNodeChildList* outC
     }
     if (!reader.ok()) isCorrupted_ = true;
     // How far a read that failed has gone is not known.
-    outChildren->countBytesRead((reader.ok() ? reader.position() : reader.size()) - ptNodeArrayPos);
+    outChildren->countBytesRead(reader.ok() ? bytesAhead - reader.remaining() : bytesAhead);
 }
 
 int PatriciaTriePolicy::getCodePointsAndProbabilityAndReturnCodePointCount(int ptNodePos,
