@@ -17,6 +17,9 @@
 #include "text/digraph_utils.h"
 #include "text/engine_constants.h"
 
+#include <algorithm>
+#include <span>
+
 namespace wordengine {
 
 namespace {
@@ -40,6 +43,15 @@ NextLetters nextLettersOf(DicTraverseSession* session, const DicNode* dicNode) {
 
 bool isNearPoint(const DicTraverseSession* session, int pointIndex, int codePoint) {
     return session->getProximityInfoState(0)->getLetterAt(pointIndex, codePoint).isNear();
+}
+
+/// The nodes of a pass, the best first. One over the length limit ends the pass for all that are better.
+std::span<const RankedDicNode> activeWithinLimit(DicNodesCache* cache) {
+    const std::span<const RankedDicNode> nodes = cache->activeInOrder();
+    const auto tooLong = std::find_if(nodes.rbegin(), nodes.rend(), [](const RankedDicNode& node) {
+        return node.dicNode->isTotalInputSizeExceedingLimit();
+    });
+    return nodes.subspan(static_cast<size_t>(nodes.rend() - tooLong));
 }
 
 void pushNextActive(DicTraverseSession* session, const DicNode* dicNode) {
@@ -98,9 +110,8 @@ void Suggest<PolicyType>::expandCurrentDicNodes(DicTraverseSession* session) con
     ++statistics->passes;
     const bool shouldDepthLevelCache = traversal_->shouldDepthLevelCache(session);
     if (shouldDepthLevelCache) cache->updateLastCachedInputIndex();
-    for (const RankedDicNode& active : cache->activeInOrder()) {
+    for (const RankedDicNode& active : activeWithinLimit(cache)) {
         DicNode* const dicNode = active.dicNode;
-        if (dicNode->isTotalInputSizeExceedingLimit()) return;
         ++statistics->nodesExpanded;
         if (shouldDepthLevelCache || traversal_->shouldNodeLevelCache(session, dicNode)) {
             cache->copyPushContinue(dicNode);

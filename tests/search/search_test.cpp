@@ -290,6 +290,19 @@ TEST(SearchEdgeTest, InputsAtAndBeyondTheLimits) {
     EXPECT_FALSE(fixture.search(U"th\u0416re").empty());
 }
 
+TEST(SearchEdgeTest, AWordOverTheLimitEndsThePassForTheBetterOnes) {
+    // A path of 43 points is over the limit of 45 letters with three joiners left out, and not with two.
+    const std::u32string word = U"qmzptdkwuxvnebrylsgfhaojciqtmwzkpduxlvnbeyrs";
+    std::u32string longer = word;
+    for (const size_t joiners : {1, 2, 3}) {
+        longer.insert(joiners * 10, U"'");
+        PlainDictionary dictionary;
+        dictionary.word(word, 30).word(longer, 30);
+        SearchFixture fixture(std::move(dictionary));
+        EXPECT_EQ(SearchFixture::find(fixture.search(word), word) == nullptr, joiners == 3);
+    }
+}
+
 TEST(SearchEdgeTest, MissingPiecesFindNothing) {
     SearchFixture fixture(smallEnglish());
     const TypedWord typed = fixture.touch(U"the");
