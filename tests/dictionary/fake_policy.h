@@ -12,7 +12,7 @@
 namespace wordengine::test {
 
 /// A dictionary of plain maps: words by their code points, lists of pairs by the previous word's position.
-class FakePolicy final : public DictionaryStructureWithBufferPolicy {
+class FakePolicy : public DictionaryStructureWithBufferPolicy {
 public:
     int getTerminalPtNodePositionOfWord(const int* word, int length, bool forceLowerCase) const override {
         std::vector<int> codePoints(word, word + length);
