@@ -63,6 +63,7 @@ public:
     virtual float getNewWordBigramLanguageCost(const DicTraverseSession* traverseSession,
                                                const DicNode* dicNode,
                                                MultiBigramMap* multiBigramMap) const = 0;
+    /// The same whatever the letter, and never below 0: it is charged once for all children of a node.
     virtual float getCompletionCost(const DicTraverseSession* traverseSession,
                                     const DicNode* dicNode) const = 0;
     virtual float getTerminalInsertionCost(const DicTraverseSession* traverseSession,
