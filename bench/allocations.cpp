@@ -123,6 +123,8 @@ Json::Value count(const std::vector<TypedWord>& words, const Question& ask) {
     return json;
 }
 
+}  // namespace
+
 int run(const Options& options) {
     VPWordSuggestions::setDiagnosticsStream(nullptr);
     const std::vector<TypedWord> words =
@@ -141,15 +143,4 @@ int run(const Options& options) {
     return 0;
 }
 
-}  // namespace
-
 }  // namespace vorpel::bench
-
-int main(int argc, char** argv) {
-    try {
-        return vorpel::bench::run(vorpel::bench::Options::parse(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench_allocations: %s\n", error.what());
-        return 1;
-    }
-}

@@ -141,6 +141,8 @@ struct Columns {
     }
 };
 
+}  // namespace
+
 int run(const Options& options) {
     VPWordSuggestions::setDiagnosticsStream(nullptr);
     const std::string dictionary =
@@ -166,15 +168,4 @@ int run(const Options& options) {
     return 0;
 }
 
-}  // namespace
-
 }  // namespace vorpel::bench
-
-int main(int argc, char** argv) {
-    try {
-        return vorpel::bench::run(vorpel::bench::Options::parse(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench_compare: %s\n", error.what());
-        return 1;
-    }
-}

@@ -44,6 +44,8 @@ Resident resident(const std::string& dictionary) {
     return now;
 }
 
+}  // namespace
+
 int run(const Options& options) {
     if (options.dictionary.empty()) throw std::runtime_error("name one with --dictionary");
     VPWordSuggestions::setDiagnosticsStream(nullptr);
@@ -70,15 +72,4 @@ int run(const Options& options) {
     return 0;
 }
 
-}  // namespace
-
 }  // namespace vorpel::bench
-
-int main(int argc, char** argv) {
-    try {
-        return vorpel::bench::run(vorpel::bench::Options::parse(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench_memory: %s\n", error.what());
-        return 1;
-    }
-}

@@ -31,4 +31,7 @@ struct SizedDictionary {
 /// std::runtime_error when there is none.
 std::vector<SizedDictionary> dictionariesOf(const Options& options);
 
+/// What each of the programs does with them; its exit status. A std::exception that it throws is printed.
+int run(const Options& options);
+
 }  // namespace vorpel::bench

@@ -154,7 +154,9 @@ WordsByLength readWordsByLength(const Options& options) {
     return byLength;
 }
 
-int run(Options options) {
+}  // namespace
+
+int run(const Options& options) {
     VPWordSuggestions::setDiagnosticsStream(nullptr);
     const std::vector<TypedWord> words =
         readTypedWords(options.typedWords(), options.geometry, options.every);
@@ -170,21 +172,11 @@ int run(Options options) {
         }
     }
     int argc = static_cast<int>(options.others.size());
-    benchmark::Initialize(&argc, options.others.data());
-    if (benchmark::ReportUnrecognizedArguments(argc, options.others.data())) return 2;
+    std::vector<char*> arguments = options.others;
+    benchmark::Initialize(&argc, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return 2;
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
 
-}  // namespace
-
 }  // namespace vorpel::bench
-
-int main(int argc, char** argv) {
-    try {
-        return vorpel::bench::run(vorpel::bench::Options::parse(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench_time: %s\n", error.what());
-        return 1;
-    }
-}

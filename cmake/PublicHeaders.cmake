@@ -10,4 +10,5 @@ set(VORPEL_PUBLIC_HEADERS
     search/search_statistics.h
     suggestion/ranked_suggestions.h
     suggestion/resource_fault.h
-    suggestion/vp_word_suggestions.h)
+    suggestion/vp_word_suggestions.h
+    text/engine_constants.h)
