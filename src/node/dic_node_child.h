@@ -27,8 +27,10 @@ struct DicNodeChild {
 class DicNodeChildList {
 public:
     void reserve(size_t childCount) {
+        // The ends of rare words are children of many letters.
+        constexpr size_t LETTERS_A_CHILD = 3;
         children_.reserve(childCount);
-        codePoints_.reserve(childCount);
+        codePoints_.reserve(LETTERS_A_CHILD * childCount);
     }
 
     int size() const { return static_cast<int>(children_.size()); }
