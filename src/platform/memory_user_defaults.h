@@ -5,22 +5,29 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace vorpel::platform {
 
 /// Preferences that last as long as the object: what a program without stored settings hands in.
 class VORPEL_EXPORT MemoryUserDefaults final : public UserDefaults {
 public:
-    void setString(const std::string& key, const std::string& value) { values_[key] = value; }
+    void setObject(const std::string& key, std::optional<Value> value) override {
+        if (value) {
+            values_.insert_or_assign(key, std::move(*value));
+        } else {
+            values_.erase(key);
+        }
+    }
 
-    [[nodiscard]] std::optional<std::string> stringForKey(const std::string& key) const override {
+protected:
+    [[nodiscard]] std::optional<Value> storedObject(const std::string& key) const override {
         const auto found = values_.find(key);
-        if (found == values_.end()) return std::nullopt;
-        return found->second;
+        return found == values_.end() ? std::nullopt : std::optional<Value>(found->second);
     }
 
 private:
-    std::map<std::string, std::string> values_;
+    std::map<std::string, Value> values_;
 };
 
 }  // namespace vorpel::platform

@@ -3,18 +3,57 @@
 
 #include "vorpel/export.h"
 
+#include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
+#include <vector>
 
 namespace vorpel::platform {
 
-/// The preferences of one user, by key. Owned by the host; must outlive what is created with it.
+/// The preferences of one user, by key: values stored, over defaults that a program registers each time it
+/// starts. Owned by the host; must outlive what is created with it. Main thread only, but for reading while
+/// nobody writes.
 class VORPEL_EXPORT UserDefaults {
 public:
+    using Value = std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>>;
+
     virtual ~UserDefaults() = default;
 
-    /// The text stored under the key, or nothing when there is none.
-    [[nodiscard]] virtual std::optional<std::string> stringForKey(const std::string& key) const = 0;
+    /// The value stored under the key, else the registered one, else nothing.
+    [[nodiscard]] std::optional<Value> objectForKey(const std::string& key) const;
+
+    /// The same as a text, a list, a truth or a number; nothing, nothing, false and 0 for any other kind.
+    [[nodiscard]] std::optional<std::string> stringForKey(const std::string& key) const;
+    [[nodiscard]] std::optional<std::vector<std::string>> stringArrayForKey(const std::string& key) const;
+    [[nodiscard]] bool boolForKey(const std::string& key) const;
+    [[nodiscard]] std::int64_t integerForKey(const std::string& key) const;
+
+    void setString(const std::string& key, std::string value) { setObject(key, std::move(value)); }
+    void setStringArray(const std::string& key, std::vector<std::string> value) {
+        setObject(key, std::move(value));
+    }
+    void setBool(const std::string& key, bool value) { setObject(key, value); }
+    void setInteger(const std::string& key, std::int64_t value) { setObject(key, value); }
+    void removeObject(const std::string& key) { setObject(key, std::nullopt); }
+
+    /// Values for keys under which nothing is stored; they are never stored themselves.
+    void registerDefaults(const std::vector<std::pair<std::string, Value>>& defaults);
+
+    /// Stores the value, or takes the stored one away.
+    virtual void setObject(const std::string& key, std::optional<Value> value) = 0;
+
+    /// Returns once all that was stored would outlast the process. Where it cannot be made to, it is told
+    /// and tried again at the next change.
+    virtual void synchronize() {}
+
+protected:
+    [[nodiscard]] virtual std::optional<Value> storedObject(const std::string& key) const = 0;
+
+private:
+    std::map<std::string, Value> registered_;
 };
 
 }  // namespace vorpel::platform

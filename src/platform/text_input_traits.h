@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+namespace vorpel::platform {
+
+/// What a text field says of itself. The values are part of what hosts and stored pages rely on.
+
+enum class AutocapitalizationType { None = 0, Words = 1, Sentences = 2, AllCharacters = 3 };
+
+enum class KeyboardType {
+    Default = 0,
+    AsciiCapable = 1,
+    NumbersAndPunctuation = 2,
+    Url = 3,
+    NumberPad = 4,
+    PhonePad = 5,
+    NamePhonePad = 6,
+    EmailAddress = 7,
+    DecimalPad = 8,
+    Twitter = 9,
+    WebSearch = 10
+};
+
+enum class ReturnKeyType {
+    Default = 0,
+    Go = 1,
+    Google = 2,
+    Join = 3,
+    Next = 4,
+    Route = 5,
+    Search = 6,
+    Send = 7,
+    Yahoo = 8,
+    Done = 9,
+    EmergencyCall = 10,
+    Continue = 11
+};
+
+enum class KeyboardAppearance { Default = 0, Dark = 1, Light = 2 };
+
+}  // namespace vorpel::platform

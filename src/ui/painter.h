@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "ui/color.h"
+#include "ui/font.h"
+#include "ui/geometry.h"
+
+#include <string>
+
+namespace vorpel::ui {
+
+class Path;
+
+/// A soft edge of darkness under a shape.
+struct Shadow {
+    Color color;
+    Point offset;
+    double blur = 0;  ///< points; 0 is a hard edge
+};
+
+/// How a run of text is set into its rectangle: in one line, on the middle of the rectangle's height.
+struct TextStyle {
+    Font font;
+    Color color = Color::black();
+    TextAlignment alignment = TextAlignment::Center;
+    /// Text wider than the rectangle is set smaller, down to this share of the font's size; what is still too
+    /// wide ends in an ellipsis. 1 keeps the size.
+    double minimumScale = 1;
+};
+
+/// What views draw with. All measures are points of the view that is being drawn; the painter knows the
+/// scale. One thread.
+class Painter {
+public:
+    virtual ~Painter() = default;
+
+    virtual void save() = 0;
+    virtual void restore() = 0;
+    virtual void translate(Point by) = 0;
+
+    /// Turns what follows about the current origin; radians, clockwise.
+    virtual void rotate(double angle) = 0;
+    virtual void clip(const Rect& rect) = 0;
+    virtual void clip(const Path& path) = 0;
+
+    /// From here to `endLayer` all is drawn together and then laid over the rest with that alpha.
+    virtual void beginLayer() = 0;
+    virtual void endLayer(double alpha) = 0;
+
+    virtual void fill(const Rect& rect, const Color& color) = 0;
+    virtual void fill(const Path& path, const Color& color) = 0;
+    virtual void stroke(const Path& path, const Color& color, double width) = 0;
+
+    /// The shadow of the path alone; it does not show where the path itself lies.
+    virtual void drawShadow(const Path& path, const Shadow& shadow) = 0;
+
+    /// The picture file (SVG or PNG) fitted into the rectangle, its shape kept; in one colour when that is
+    /// not clear. A file that cannot be read draws nothing and is told once.
+    virtual void drawImage(const std::string& path, const Rect& rect, const Color& tint) = 0;
+
+    virtual void drawText(const std::string& text, const Rect& rect, const TextStyle& style) = 0;
+
+    /// The size of one line of the text.
+    [[nodiscard]] virtual Size measureText(const std::string& text, const Font& font) = 0;
+};
+
+}  // namespace vorpel::ui
