@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
+
 namespace vorpel::platform {
 
 /// What a text field says of itself. The values are part of what hosts and stored pages rely on.
@@ -37,5 +39,13 @@ enum class ReturnKeyType {
 };
 
 enum class KeyboardAppearance { Default = 0, Dark = 1, Light = 2 };
+
+/// All of them together; absent where a field does not say.
+struct TextInputTraits {
+    std::optional<AutocapitalizationType> autocapitalizationType;
+    std::optional<KeyboardType> keyboardType;
+    std::optional<ReturnKeyType> returnKeyType;
+    std::optional<KeyboardAppearance> keyboardAppearance;
+};
 
 }  // namespace vorpel::platform
