@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/keys/keyboard_key.h"
+
+#include "keyboard/keys/keyboard_key_background.h"
+#include "ui/painter.h"
+
+#include <algorithm>
+
+namespace vorpel {
+
+namespace {
+
+constexpr double TEXT_INSET = 3;
+constexpr double LEAST_TEXT_SCALE = 0.5;
+constexpr double BORDER = 0.5;
+constexpr double SIGN_INSET = 8;
+constexpr double LARGEST_IMAGE = 24;
+
+/// A square for a picture in the middle of the face.
+ui::Rect imageRect(const ui::Rect& bounds) {
+    const double side = std::min({LARGEST_IMAGE, bounds.width - 4, bounds.height - SIGN_INSET});
+    return {bounds.center().x - side / 2, bounds.center().y - side / 2, side, side};
+}
+
+}  // namespace
+
+KeyboardKey::KeyboardKey() {
+    setUserInteractionEnabled(false);
+}
+
+void KeyboardKey::setText(const std::string& text) {
+    if (text == text_) return;
+    text_ = text;
+    setNeedsDisplay();
+}
+
+void KeyboardKey::setFontSize(double size) {
+    if (size == fontSize_) return;
+    fontSize_ = size;
+    setNeedsDisplay();
+}
+
+void KeyboardKey::setShape(Shape* shape) {
+    if (shape == shape_) return;
+    shape_ = shape;
+    setNeedsDisplay();
+}
+
+void KeyboardKey::setColors(const KeyColors& colors) {
+    if (colors == colors_) return;
+    colors_ = colors;
+    setNeedsDisplay(drawnRect());
+}
+
+void KeyboardKey::setPopupLayer(ui::View* layer, const PopupMetrics& metrics) {
+    popupLayer_ = layer;
+    popupMetrics_ = metrics;
+}
+
+void KeyboardKey::showPopup() {
+    if (!popupLayer_ || !superview() || text_.empty()) return;
+    if (!popup_) popup_ = std::make_unique<KeyPopup>();
+    if (hasPopup()) return;
+    const ui::Point origin = popupLayer_->convertFromWindow(convertToWindow({0, 0}));
+    popup_->setLook(text_, colors_.popup, colors_.popupText, colors_.border);
+    popup_->place({origin.x, origin.y, frame().width, frame().height}, popupLayer_->bounds(), popupMetrics_);
+    popupLayer_->addSubview(*popup_);
+}
+
+void KeyboardKey::hidePopup() {
+    if (popup_) popup_->removeFromSuperview();
+}
+
+void KeyboardKey::draw(ui::Painter& painter) {
+    if (bounds().isEmpty()) return;
+    const ui::Path outline = KeyboardKeyBackground::face(bounds());
+    const bool isDown = isHighlighted();
+    painter.drawShadow(outline, {colors_.under, {0, KeyboardKeyBackground::UNDER_LINE}, 0});
+    painter.fill(outline, isDown ? colors_.faceDown : colors_.face);
+    if (!colors_.border.isClear()) painter.stroke(outline, colors_.border, BORDER);
+    drawFace(painter, isDown ? colors_.textDown : colors_.text);
+}
+
+void KeyboardKey::drawFace(ui::Painter& painter, const ui::Color& color) {
+    if (shape_) {
+        shape_->draw(painter, bounds().insetBy(4, SIGN_INSET), color);
+        return;
+    }
+    if (text_.empty()) return;
+    ui::TextStyle style;
+    style.font.size = fontSize_;
+    style.color = color;
+    style.minimumScale = LEAST_TEXT_SCALE;
+    painter.drawText(text_, bounds().insetBy(TEXT_INSET, 0), style);
+}
+
+ui::EdgeInsets KeyboardKey::drawingOutsets() const {
+    // Half of the border lies outside.
+    return {BORDER, BORDER, BORDER + KeyboardKeyBackground::UNDER_LINE, BORDER};
+}
+
+ui::Rect KeyboardKey::drawnRect() const {
+    const ui::EdgeInsets out = drawingOutsets();
+    return {-out.left, -out.top, frame().width + out.left + out.right, frame().height + out.top + out.bottom};
+}
+
+void ImageKey::setImage(const std::string& path) {
+    if (path == image_) return;
+    image_ = path;
+    setNeedsDisplay();
+}
+
+void ImageKey::drawFace(ui::Painter& painter, const ui::Color& color) {
+    if (image_.empty()) {
+        KeyboardKey::drawFace(painter, color);
+        return;
+    }
+    painter.drawImage(image_, imageRect(bounds()), color);
+}
+
+}  // namespace vorpel

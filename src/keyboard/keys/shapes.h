@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "ui/color.h"
+#include "ui/geometry.h"
+
+namespace vorpel::ui {
+class Painter;
+}
+
+namespace vorpel {
+
+/// A sign drawn as a path, since fonts give such signs odd shapes. Its strokes keep their weight at any size.
+class Shape {
+public:
+    virtual ~Shape() = default;
+
+    /// As large as fits, in the middle of the rectangle.
+    virtual void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const = 0;
+};
+
+/// An arrow upwards: an outline, filled while capitals are on, with a bar under it while they are locked.
+class ShiftShape final : public Shape {
+public:
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+
+    [[nodiscard]] bool withLock() const { return withLock_; }
+    void setWithLock(bool withLock) { withLock_ = withLock; }
+    void setFilled(bool filled) { filled_ = filled; }
+
+private:
+    bool withLock_ = false;
+    bool filled_ = false;
+};
+
+/// A tag that points to what is deleted, with a cross in it; filled while it is held.
+class BackspaceShape final : public Shape {
+public:
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+};
+
+class GlobeShape final : public Shape {
+public:
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+};
+
+}  // namespace vorpel
