@@ -34,6 +34,15 @@ class Painter {
 public:
     virtual ~Painter() = default;
 
+    /// From here to `restore` what is drawn stays within the pixels that the rectangle touches, which are
+    /// emptied first: a pixel that is painted in part only would show a seam.
+    ///
+    /// @return the rectangle around those pixels; all that meets it must be drawn
+    virtual Rect beginRepaint(const Rect& damage) {
+        clip(damage);
+        return damage;
+    }
+
     virtual void save() = 0;
     virtual void restore() = 0;
     virtual void translate(Point by) = 0;

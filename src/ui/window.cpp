@@ -106,9 +106,9 @@ void Window::paint(Painter& painter) {
     const Point origin = root_->frame().origin();
     for (const Rect& rect : damage_) {
         painter.save();
-        painter.clip(rect);
+        const Rect repainted = painter.beginRepaint(rect);
         painter.translate(origin);
-        root_->paintTree(painter, rect.offsetBy({-origin.x, -origin.y}));
+        root_->paintTree(painter, repainted.offsetBy({-origin.x, -origin.y}));
         painter.restore();
     }
     damage_.clear();

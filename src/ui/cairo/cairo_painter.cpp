@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "ui/cairo/cairo_painter.h"
+
+#include "ui/cairo/trace_path.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorpel::ui {
+
+namespace {
+
+// A point that is computed to lie on a pixel's edge does so up to rounding.
+constexpr double EDGE_TOLERANCE = 1e-6;
+
+Rect aroundPixels(const Rect& rect) {
+    const double left = std::floor(rect.x + EDGE_TOLERANCE);
+    const double top = std::floor(rect.y + EDGE_TOLERANCE);
+    return {left, top, std::ceil(rect.right() - EDGE_TOLERANCE) - left,
+            std::ceil(rect.bottom() - EDGE_TOLERANCE) - top};
+}
+
+double leftEdge(const Rect& rect, double width, TextAlignment alignment) {
+    switch (alignment) {
+        case TextAlignment::Left:
+            return rect.x;
+        case TextAlignment::Right:
+            return rect.right() - width;
+        case TextAlignment::Center:
+            break;
+    }
+    return rect.x + (rect.width - width) / 2;
+}
+
+}  // namespace
+
+CairoPainter::CairoPainter(cairo_t* context, DrawingResources& resources)
+    : context_(context), resources_(resources) {
+    cairo_save(context_);
+    cairo_scale(context_, resources.scale(), resources.scale());
+    cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
+}
+
+CairoPainter::~CairoPainter() {
+    cairo_restore(context_);
+}
+
+Rect CairoPainter::beginRepaint(const Rect& damage) {
+    const double scale = resources_.scale();
+    const Rect pixels =
+        aroundPixels({damage.x * scale, damage.y * scale, damage.width * scale, damage.height * scale});
+    repainted_ = repainted_.unionWith(pixels);
+    const Rect points{pixels.x / scale, pixels.y / scale, pixels.width / scale, pixels.height / scale};
+    clip(points);
+    cairo_set_operator(context_, CAIRO_OPERATOR_CLEAR);
+    cairo_paint(context_);
+    cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
+    return points;
+}
+
+void CairoPainter::save() {
+    cairo_save(context_);
+}
+
+void CairoPainter::restore() {
+    cairo_restore(context_);
+}
+
+void CairoPainter::translate(Point by) {
+    cairo_translate(context_, by.x, by.y);
+}
+
+void CairoPainter::rotate(double angle) {
+    cairo_rotate(context_, angle);
+}
+
+void CairoPainter::clip(const Rect& rect) {
+    cairo_new_path(context_);
+    cairo_rectangle(context_, rect.x, rect.y, rect.width, rect.height);
+    cairo_clip(context_);
+}
+
+void CairoPainter::clip(const Path& path) {
+    tracePath(context_, path);
+    cairo_clip(context_);
+}
+
+void CairoPainter::beginLayer() {
+    cairo_push_group(context_);
+}
+
+void CairoPainter::endLayer(double alpha) {
+    cairo_pop_group_to_source(context_);
+    cairo_paint_with_alpha(context_, alpha);
+}
+
+void CairoPainter::fill(const Rect& rect, const Color& color) {
+    setColor(color);
+    cairo_new_path(context_);
+    cairo_rectangle(context_, rect.x, rect.y, rect.width, rect.height);
+    cairo_fill(context_);
+}
+
+void CairoPainter::fill(const Path& path, const Color& color) {
+    setColor(color);
+    tracePath(context_, path);
+    cairo_fill(context_);
+}
+
+void CairoPainter::stroke(const Path& path, const Color& color, double width) {
+    setColor(color);
+    cairo_set_line_width(context_, width);
+    tracePath(context_, path);
+    cairo_stroke(context_);
+}
+
+void CairoPainter::drawShadow(const Path& path, const Shadow& shadow) {
+    if (shadow.color.isClear()) return;
+    cairo_matrix_t toPixels;
+    cairo_get_matrix(context_, &toPixels);
+    const ShadowMask mask = resources_.shadows().mask(path, shadow, toPixels, resources_.scale());
+    if (!mask.surface) return;
+    cairo_identity_matrix(context_);
+    setColor(shadow.color);
+    cairo_mask_surface(context_, mask.surface, mask.x, mask.y);
+    cairo_set_matrix(context_, &toPixels);
+}
+
+void CairoPainter::drawImage(const std::string& path, const Rect& rect, const Color& tint) {
+    const double scale = resources_.scale();
+    const int width = static_cast<int>(std::lround(std::clamp(rect.width * scale, 0.0, 8192.0)));
+    const int height = static_cast<int>(std::lround(std::clamp(rect.height * scale, 0.0, 8192.0)));
+    cairo_surface_t* const image = resources_.images().image(path, width, height);
+    if (!image) return;
+    cairo_save(context_);
+    cairo_translate(context_, rect.x, rect.y);
+    cairo_scale(context_, 1 / scale, 1 / scale);
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    // Unless it is turned, each of its pixels is to fall on one of the screen's.
+    if (std::abs(matrix.xy) < EDGE_TOLERANCE && std::abs(matrix.yx) < EDGE_TOLERANCE) {
+        cairo_identity_matrix(context_);
+        cairo_translate(context_, std::round(matrix.x0), std::round(matrix.y0));
+    }
+    if (tint.isClear()) {
+        cairo_set_source_surface(context_, image, 0, 0);
+        cairo_paint(context_);
+    } else {
+        setColor(tint);
+        cairo_mask_surface(context_, image, 0, 0);
+    }
+    cairo_restore(context_);
+}
+
+void CairoPainter::drawText(const std::string& text, const Rect& rect, const TextStyle& style) {
+    if (text.empty() || rect.isEmpty() || style.color.isClear()) return;
+    TextLayouts& texts = resources_.texts();
+    const TextLine& line = texts.fittedLine(text, style.font, rect.width, style.minimumScale);
+    const double baseline = rect.center().y + texts.baselineBelowMiddle(line, style.font.weight);
+    setColor(style.color);
+    cairo_move_to(context_, leftEdge(rect, line.width, style.alignment), baseline);
+    pango_cairo_show_layout_line(context_, pango_layout_get_line_readonly(line.layout.get(), 0));
+}
+
+Size CairoPainter::measureText(const std::string& text, const Font& font) {
+    const TextLine& line = resources_.texts().line(text, font);
+    return {line.width, line.height};
+}
+
+void CairoPainter::setColor(const Color& color) {
+    cairo_set_source_rgba(context_, color.red, color.green, color.blue, color.alpha);
+}
+
+}  // namespace vorpel::ui

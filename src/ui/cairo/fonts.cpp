@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "ui/cairo/fonts.h"
+
+#include <array>
+#include <string>
+
+namespace vorpel::ui {
+
+namespace {
+
+// The first is the face of the letters, for its true light weight; Noto Sans, its sibling, has signs such as
+// the rupee and the reference mark. Arabic is named before any font that happens to have it too. Emoji come
+// last: a sign that another font has in black is not to turn up in colour unless the text asks for it.
+constexpr std::array FAMILIES{"Open Sans",          "Noto Sans",         "Noto Sans Arabic", "Noto Sans Math",
+                              "Noto Sans Symbols2", "Noto Sans Symbols", "Noto Color Emoji"};
+
+std::string joinFamilies() {
+    std::string list;
+    for (const char* const family : FAMILIES) {
+        if (!list.empty()) list += ',';
+        list += family;
+    }
+    return list;
+}
+
+}  // namespace
+
+std::span<const char* const> systemFontFamilies() {
+    return FAMILIES;
+}
+
+const char* systemFontFamilyList() {
+    static const std::string LIST = joinFamilies();
+    return LIST.c_str();
+}
+
+PangoWeight fontWeight(FontWeight weight) {
+    switch (weight) {
+        case FontWeight::Light:
+            return PANGO_WEIGHT_LIGHT;
+        case FontWeight::Medium:
+            // The face has no medium; a request for one would be answered with the regular.
+            return PANGO_WEIGHT_SEMIBOLD;
+        case FontWeight::Regular:
+            break;
+    }
+    return PANGO_WEIGHT_NORMAL;
+}
+
+}  // namespace vorpel::ui

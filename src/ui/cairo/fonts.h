@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "ui/font.h"
+
+#include <pango/pango.h>
+#include <span>
+
+namespace vorpel::ui {
+
+/// The families that make up the system font, the first that has a character's glyph before the others. This
+/// is the one place that names them.
+[[nodiscard]] std::span<const char* const> systemFontFamilies();
+
+/// The same as one list with commas.
+[[nodiscard]] const char* systemFontFamilyList();
+
+[[nodiscard]] PangoWeight fontWeight(FontWeight weight);
+
+}  // namespace vorpel::ui
