@@ -29,6 +29,8 @@ endforeach()
 install(DIRECTORY ${VORPEL_DATA_DIR}/ DESTINATION ${data_destination} OPTIONAL
         FILES_MATCHING PATTERN "*.dic" PATTERN "*.json")
 
+install(DIRECTORY data/images DESTINATION ${data_destination} FILES_MATCHING PATTERN "*.svg")
+
 configure_package_config_file(cmake/vorpelConfig.cmake.in vorpelConfig.cmake
   INSTALL_DESTINATION ${package_destination} PATH_VARS data_destination CMAKE_INSTALL_INCLUDEDIR)
 write_basic_package_version_file(vorpelConfigVersion.cmake COMPATIBILITY SameMinorVersion)

@@ -52,7 +52,11 @@ class TreeTest(unittest.TestCase):
             "src/search/driver.h": ['"dictionary/policy.h"', '"proximity/keys.h"'],
             "src/proximity/keys.h": ['"text/utf8.h"'],
             "src/suggestion/vp_word_suggestions.h": ['"search/driver.h"', "<json/json.h>", '"vorpel/export.h"'],
-            "src/keyboard/session/typing.h": ['"suggestion/vp_word_suggestions.h"'],
+            "src/ui/view.h": [],
+            "src/ui/cairo/painter.cpp": ['"ui/view.h"', "<cairo.h>", "<pango/pangocairo.h>", "<librsvg/rsvg.h>"],
+            "src/platform/characters.cpp": ["<unicode/uchar.h>"],
+            "src/platform/posix/files.cpp": ["<sys/inotify.h>", "<json/json.h>"],
+            "src/keyboard/session/typing.h": ['"suggestion/vp_word_suggestions.h"', '"ui/view.h"', "<string>"],
         }))
 
     def test_includes_that_go_upwards_or_sideways(self):
@@ -64,11 +68,28 @@ class TreeTest(unittest.TestCase):
                 self.assert_one({f"src/{layer}/a.h": [f'"{target}/b.h"'], f"src/{target}/b.h": []},
                                 f'src/{layer}/a.h:2: {layer} must not include "{target}/b.h"')
 
-    def test_the_engine_stands_alone(self):
-        for header in ("<json/json.h>", "<unicode/uchar.h>", "<gtest/gtest.h>", "<windows.h>"):
-            with self.subTest(header=header):
-                self.assert_one({"src/search/typing/a.cpp": [header]}, "standard library and POSIX only")
-                self.assertEqual([], self.findings({"src/platform/a.cpp": [header]}))
+    def test_layers_within_layers(self):
+        for path in ("src/ui/a.cpp", "src/keyboard/a.cpp"):
+            with self.subTest(path=path):
+                self.assert_one({path: ['"ui/cairo/painter.h"'], "src/ui/cairo/painter.h": []},
+                                'must not include "ui/cairo/painter.h"')
+        self.assert_one({"src/ui/cairo/a.h": ['"keyboard/b.h"'], "src/keyboard/b.h": []},
+                        'ui/cairo must not include "keyboard/b.h"')
+
+    def test_foreign_headers(self):
+        forbidden = {
+            "src/search/typing/a.cpp": ["<json/json.h>", "<unicode/uchar.h>", "<gtest/gtest.h>", "<windows.h>"],
+            "src/platform/a.cpp": ["<unistd.h>", "<json/json.h>", "<cairo.h>"],
+            "src/platform/posix/a.cpp": ["<unicode/uchar.h>", "<cairo.h>"],
+            "src/ui/a.h": ["<cairo.h>", "<pango/pango.h>", "<unistd.h>", "<unicode/uchar.h>"],
+            "src/ui/cairo/a.cpp": ["<unistd.h>", "<json/json.h>", "<SDL.h>"],
+            "src/keyboard/theme/a.cpp": ["<cairo.h>", "<pango/pango.h>", "<sys/stat.h>", "<json/json.h>"],
+        }
+        for path, headers in forbidden.items():
+            for header in headers:
+                with self.subTest(path=path, header=header):
+                    self.assert_one({path: [header]}, f"must not include {header}")
+        self.assertEqual([], self.findings({"src/compiler/a.cpp": ["<json/json.h>"]}))
 
     def test_what_is_no_header_of_the_tree(self):
         self.assert_one({"src/text/a.cpp": ['"b.h"'], "src/text/b.h": []}, '"b.h" is no path from src/')
