@@ -16,7 +16,8 @@ constexpr double FINGER_SLACK = 24;
 }  // namespace
 
 void Control::addTarget(const void* target, std::string_view name, ControlEvents events, Action action) {
-    actions_.push_back({target, name, events, std::move(action)});
+    actions_.push_back(
+        {nextNumber_++, target, name, events, std::make_shared<const Action>(std::move(action))});
 }
 
 void Control::removeTarget(const void* target) {
@@ -24,13 +25,17 @@ void Control::removeTarget(const void* target) {
 }
 
 void Control::sendActions(ControlEvent event) {
-    // An action may add and remove targets. What it removed is not called, what it added waits for the next
-    // event.
-    const std::size_t count = actions_.size();
-    for (std::size_t i = 0; i < count && i < actions_.size(); ++i) {
-        if (!actions_[i].events.contains(event)) continue;
-        const Action action = actions_[i].action;
-        action(*this);
+    // What an action removes is not called any more, what it adds waits for the next event.
+    ViewWatch watch(*this);
+    const unsigned end = nextNumber_;
+    for (unsigned next = 0; watch.isAlive();) {
+        const auto found = std::ranges::find_if(actions_, [&](const Entry& entry) {
+            return entry.number >= next && entry.number < end && entry.events.contains(event);
+        });
+        if (found == actions_.end()) return;
+        next = found->number + 1;
+        const auto action = found->action;
+        (*action)(*this);
     }
 }
 
@@ -40,7 +45,9 @@ bool Control::hasAction(ControlEvent event, std::string_view name) const {
 }
 
 void Control::setEnabled(bool enabled) {
-    if (std::exchange(enabled_, enabled) != enabled) stateChanged();
+    if (std::exchange(enabled_, enabled) == enabled) return;
+    stateChanged();
+    if (!enabled && tracked_) stopTracking(ControlEvent::TouchCancel);
 }
 
 void Control::setHighlighted(bool highlighted) {
@@ -62,8 +69,10 @@ void Control::touchesBegan(Touches touches) {
     tracked_ = touches.front();
     trackedInside_ = true;
     setHighlighted(true);
+    ViewWatch watch(*this);
     sendActions(ControlEvent::TouchDown);
-    if (tracked_ && tracked_->tapCount() > 1) sendActions(ControlEvent::TouchDownRepeat);
+    if (!watch.isAlive() || !tracked_) return;
+    if (tracked_->tapCount() > 1) sendActions(ControlEvent::TouchDownRepeat);
 }
 
 void Control::touchesMoved(Touches touches) {
@@ -71,23 +80,28 @@ void Control::touchesMoved(Touches touches) {
     const bool inside = isNear(*tracked_);
     const bool wasInside = std::exchange(trackedInside_, inside);
     setHighlighted(inside);
+    ViewWatch watch(*this);
     if (inside != wasInside) sendActions(inside ? ControlEvent::TouchDragEnter : ControlEvent::TouchDragExit);
+    if (!watch.isAlive() || !tracked_) return;
     sendActions(inside ? ControlEvent::TouchDragInside : ControlEvent::TouchDragOutside);
 }
 
 void Control::touchesEnded(Touches touches) {
     if (std::ranges::find(touches, tracked_) == touches.end()) return;
-    const bool inside = isNear(*tracked_);
-    tracked_ = nullptr;
-    setHighlighted(false);
-    sendActions(inside ? ControlEvent::TouchUpInside : ControlEvent::TouchUpOutside);
+    stopTracking(isNear(*tracked_) ? ControlEvent::TouchUpInside : ControlEvent::TouchUpOutside);
 }
 
 void Control::touchesCancelled(Touches touches) {
     if (std::ranges::find(touches, tracked_) == touches.end()) return;
+    stopTracking(ControlEvent::TouchCancel);
+}
+
+void Control::stopTracking(ControlEvent last) {
     tracked_ = nullptr;
     setHighlighted(false);
-    sendActions(ControlEvent::TouchCancel);
+    ViewWatch watch(*this);
+    if (last == ControlEvent::TouchUpInside) tapped();
+    if (watch.isAlive()) sendActions(last);
 }
 
 void Control::didMoveToWindow() {

@@ -4,6 +4,7 @@
 #include "ui/view.h"
 
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -57,8 +58,8 @@ public:
     void removeAllTargets() { actions_.clear(); }
     void removeTarget(const void* target);
 
-    /// Calls what is registered for the event. An action may change the control's targets or cover it; it
-    /// must not destroy it.
+    /// Calls what is registered for the event. An action may change the control's targets, take the control
+    /// out of the tree or destroy it; who goes on after this watches for that with a `ViewWatch`.
     void sendActions(ControlEvent event);
 
     [[nodiscard]] bool hasTargets() const { return !actions_.empty(); }
@@ -84,17 +85,24 @@ protected:
     virtual void stateChanged() { setNeedsDisplay(); }
     void didMoveToWindow() override;
 
+    /// The finger that held the control was lifted on it; the actions for that follow.
+    virtual void tapped() {}
+
 private:
     struct Entry {
+        unsigned number;  // rising along the list
         const void* target;
         std::string_view name;
         ControlEvents events;
-        Action action;
+        std::shared_ptr<const Action> action;  // shared: it may remove itself while it runs
     };
 
     [[nodiscard]] bool isNear(const Touch& touch) const;
 
+    void stopTracking(ControlEvent last);
+
     std::vector<Entry> actions_;
+    unsigned nextNumber_ = 1;
     Touch* tracked_ = nullptr;  // the finger that holds it; others are passed over
     bool trackedInside_ = false;
     bool enabled_ = true;

@@ -23,6 +23,15 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
+struct EdgeInsets {
+    double top = 0;
+    double left = 0;
+    double bottom = 0;
+    double right = 0;
+
+    friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
+};
+
 /// The left and upper edge belong to it, the right and lower edge do not.
 struct Rect {
     double x = 0;
@@ -54,6 +63,10 @@ struct Rect {
         return {x + dx, y + dy, width - 2 * dx, height - 2 * dy};
     }
 
+    [[nodiscard]] Rect insetBy(const EdgeInsets& by) const {
+        return {x + by.left, y + by.top, width - by.left - by.right, height - by.top - by.bottom};
+    }
+
     /// The part of both; empty when they do not meet.
     [[nodiscard]] Rect intersection(const Rect& other) const {
         const double left = std::max(x, other.x);
@@ -70,13 +83,6 @@ struct Rect {
         const double top = std::min(y, other.y);
         return {left, top, std::max(right(), other.right()) - left, std::max(bottom(), other.bottom()) - top};
     }
-};
-
-struct EdgeInsets {
-    double top = 0;
-    double left = 0;
-    double bottom = 0;
-    double right = 0;
 };
 
 }  // namespace vorpel::ui

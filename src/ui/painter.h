@@ -73,9 +73,9 @@ public:
     [[nodiscard]] virtual Size measureText(const std::string& text, const Font& font) = 0;
 
     /// Text in as many lines as it takes, from the rectangle's upper edge downwards: broken between words,
-    /// within a word that is wider than the rectangle, and at each line feed. Where the height has no room for
-    /// a further line the last one ends in an ellipsis; one line is always drawn. The style's minimum scale
-    /// is passed over.
+    /// within a word that is wider than the rectangle, and at each line feed. Where the height has no room
+    /// for a further line the last one ends in an ellipsis; one line is always drawn. The style's minimum
+    /// scale is passed over.
     virtual void drawParagraph(const std::string& text, const Rect& rect, const TextStyle& style) = 0;
 
     /// The size of the text in lines no wider than `width`: drawn into a rectangle of that width and the

@@ -1,24 +1,41 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/view.h"
 
+#include "ui/gesture_recognizer.h"
 #include "ui/painter.h"
 #include "ui/window.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorpel::ui {
 
 View::~View() {
+    for (ViewWatch* watch = watches_; watch; watch = watch->next_) watch->view_ = nullptr;
     removeFromSuperview();
-    if (window_) window_->rootDestroyed();
+    if (window_) {
+        damageWhole();
+        std::exchange(window_, nullptr)->rootDestroyed(*this);
+        tellMovedToWindow();
+    }
     for (View* const view : subviews_) view->superview_ = nullptr;
+    for (GestureRecognizer* const recognizer : recognizers_) recognizer->view_ = nullptr;
+}
+
+ViewWatch::~ViewWatch() {
+    if (!view_) return;
+    // Nearly always the first one.
+    ViewWatch** link = &view_->watches_;
+    while (*link != this) link = &(*link)->next_;
+    *link = next_;
 }
 
 void View::setFrame(const Rect& frame) {
     if (frame == frame_) return;
     damageWhole();
-    if (frame.size() != frame_.size()) needsLayout_ = true;
+    const bool resized = frame.size() != frame_.size();
     frame_ = frame;
+    if (resized) setNeedsLayout();
     damageWhole();
 }
 
@@ -26,6 +43,7 @@ void View::setHidden(bool hidden) {
     if (hidden == hidden_) return;
     damageWhole();
     hidden_ = hidden;
+    if (!hidden) requestLayout();
     damageWhole();
 }
 
@@ -39,16 +57,17 @@ void View::setAlpha(double alpha) {
 void View::setBackgroundColor(const Color& color) {
     if (color == backgroundColor_) return;
     backgroundColor_ = color;
-    setNeedsDisplay();
+    setNeedsDisplay(bounds());
 }
 
 void View::setClipsToBounds(bool clips) {
+    if (clips == clipsToBounds_) return;
+    damageWhole();
     clipsToBounds_ = clips;
     damageWhole();
 }
 
 void View::addSubview(View& view) {
-    view.removeFromSuperview();
     insertSubview(view, subviews_.size());
 }
 
@@ -58,6 +77,7 @@ void View::insertSubview(View& view, std::size_t index) {
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
                      &view);
     view.damageWhole();
+    view.requestLayout();
     view.tellMovedToWindow();
 }
 
@@ -71,10 +91,10 @@ void View::bringSubviewToFront(View& view) {
 void View::removeFromSuperview() {
     if (!superview_) return;
     damageWhole();
-    std::erase(superview_->subviews_, this);
     Window* const left = window();
-    superview_ = nullptr;
-    if (left) left->viewLeft(*this);
+    View* const parent = std::exchange(superview_, nullptr);
+    std::erase(parent->subviews_, this);
+    if (left) left->viewLeft(*this, parent);
     tellMovedToWindow();
 }
 
@@ -107,7 +127,11 @@ void View::draw(Painter& painter) {
 
 void View::setNeedsLayout() {
     needsLayout_ = true;
-    setNeedsDisplay();
+    requestLayout();
+}
+
+void View::requestLayout() {
+    if (Window* const shown = window()) shown->requestLayout();
 }
 
 void View::layoutIfNeeded() {
@@ -115,8 +139,9 @@ void View::layoutIfNeeded() {
         needsLayout_ = false;
         layoutSubviews();
     }
-    for (View* const view : subviews_) {
-        if (!view->hidden_) view->layoutIfNeeded();
+    // By index: laying out may bring in views and take others away.
+    for (std::size_t i = 0; i < subviews_.size(); ++i) {
+        if (!subviews_[i]->hidden_) subviews_[i]->layoutIfNeeded();
     }
 }
 
@@ -140,13 +165,17 @@ void View::damageWhole() {
 }
 
 Rect View::drawnRect() const {
-    const EdgeInsets out = drawingOutsets();
-    return {-out.left, -out.top, frame_.width + out.left + out.right, frame_.height + out.top + out.bottom};
+    const EdgeInsets now = drawingOutsets();
+    const EdgeInsets& before = paintedOutsets_;
+    const double left = std::max(now.left, before.left);
+    const double top = std::max(now.top, before.top);
+    return {-left, -top, frame_.width + left + std::max(now.right, before.right),
+            frame_.height + top + std::max(now.bottom, before.bottom)};
 }
 
 void View::tellMovedToWindow() {
     didMoveToWindow();
-    for (View* const view : subviews_) view->tellMovedToWindow();
+    for (std::size_t i = 0; i < subviews_.size(); ++i) subviews_[i]->tellMovedToWindow();
 }
 
 void View::touchesBegan(Touches touches) {
@@ -165,12 +194,17 @@ void View::touchesCancelled(Touches touches) {
     if (superview_) superview_->touchesCancelled(touches);
 }
 
-void View::paintTree(Painter& painter, const Rect& damage) {
+void View::paintTree(Painter& painter, const Rect& damaged) {
     if (hidden_ || alpha_ <= 0) return;
+    const Rect damage = clipsToBounds_ ? damaged.intersection(bounds()) : damaged;
+    if (damage.isEmpty()) return;
     painter.save();
     if (clipsToBounds_) painter.clip(bounds());
     if (alpha_ < 1) painter.beginLayer();
-    if (drawnRect().intersects(damage)) draw(painter);
+    if (drawnRect().intersects(damage)) {
+        paintedOutsets_ = drawingOutsets();
+        draw(painter);
+    }
     for (View* const view : subviews_) {
         const Point origin = view->frame_.origin();
         painter.save();

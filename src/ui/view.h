@@ -9,8 +9,10 @@
 
 namespace vorpel::ui {
 
+class GestureRecognizer;
 class Painter;
 class Touch;
+class ViewWatch;
 class Window;
 
 /// The touches that an event is about, all of one phase.
@@ -65,7 +67,7 @@ public:
     /// disabled views take none.
     [[nodiscard]] virtual View* hitTest(Point point);
 
-    /// How far outside its bounds the view draws, so that it is repainted whole.
+    /// How far outside its bounds the view draws now, so that it is repainted whole.
     [[nodiscard]] virtual EdgeInsets drawingOutsets() const { return {}; }
 
     /// Paints the view alone; the subviews follow on their own.
@@ -73,11 +75,13 @@ public:
 
     /// Called before drawing when the size has changed or `setNeedsLayout` was called.
     virtual void layoutSubviews() {}
+
+    /// The subviews are placed anew before the next frame. Paints nothing by itself: what moves says so.
     void setNeedsLayout();
     void layoutIfNeeded();
 
-    /// The view, or a part of it, is painted anew in the next frame.
-    void setNeedsDisplay() { setNeedsDisplay(bounds()); }
+    /// The view with all it draws outside its bounds, or a part of it, is painted anew in the next frame.
+    void setNeedsDisplay() { setNeedsDisplay(drawnRect()); }
     void setNeedsDisplay(const Rect& rect);
 
     virtual void touchesBegan(Touches touches);
@@ -93,10 +97,13 @@ protected:
     virtual void didMoveToWindow() {}
 
 private:
+    friend class GestureRecognizer;
+    friend class ViewWatch;
     friend class Window;
     void damageWhole();
     [[nodiscard]] Rect drawnRect() const;
     void tellMovedToWindow();
+    void requestLayout();
 
     Rect frame_;
     Color backgroundColor_;
@@ -109,6 +116,26 @@ private:
     View* superview_ = nullptr;
     Window* window_ = nullptr;  // of the topmost view only
     std::vector<View*> subviews_;
+    std::vector<GestureRecognizer*> recognizers_;
+    EdgeInsets paintedOutsets_;  // of the last frame: what was drawn there has to go, whatever is drawn now
+    ViewWatch* watches_ = nullptr;
+};
+
+/// Tells whether a view outlived a call into foreign code, which may destroy what it likes. Lives on the
+/// stack of who makes the call.
+class ViewWatch {
+public:
+    explicit ViewWatch(View& view) : view_(&view), next_(view.watches_) { view.watches_ = this; }
+    ~ViewWatch();
+    ViewWatch(const ViewWatch&) = delete;
+    ViewWatch& operator=(const ViewWatch&) = delete;
+
+    [[nodiscard]] bool isAlive() const { return view_ != nullptr; }
+
+private:
+    friend class View;
+    View* view_;
+    ViewWatch* next_;
 };
 
 }  // namespace vorpel::ui
