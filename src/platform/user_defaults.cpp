@@ -15,6 +15,7 @@ std::optional<T> valueAs(const std::optional<UserDefaults::Value>& value) {
 
 std::optional<UserDefaults::Value> UserDefaults::objectForKey(const std::string& key) const {
     if (auto stored = storedObject(key)) return stored;
+    const std::lock_guard lock(mutex_);
     const auto found = registered_.find(key);
     return found == registered_.end() ? std::nullopt : std::optional<Value>(found->second);
 }
@@ -36,6 +37,7 @@ std::int64_t UserDefaults::integerForKey(const std::string& key) const {
 }
 
 void UserDefaults::registerDefaults(const std::vector<std::pair<std::string, Value>>& defaults) {
+    const std::lock_guard lock(mutex_);
     for (const auto& [key, value] : defaults) registered_.insert_or_assign(key, value);
 }
 

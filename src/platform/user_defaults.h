@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,13 +15,16 @@
 namespace vorpel::platform {
 
 /// The preferences of one user, by key: values stored, over defaults that a program registers each time it
-/// starts. Owned by the host; must outlive what is created with it. Main thread only, but for reading while
-/// nobody writes.
+/// starts. Owned by the host; must outlive what is created with it. Any thread may read and write: the word
+/// service reads preferences on its own queue. An implementation guards what it stores.
 class VORPEL_EXPORT UserDefaults {
 public:
     using Value = std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>>;
 
+    UserDefaults() = default;
     virtual ~UserDefaults() = default;
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
 
     /// The value stored under the key, else the registered one, else nothing.
     [[nodiscard]] std::optional<Value> objectForKey(const std::string& key) const;
@@ -53,6 +57,7 @@ protected:
     [[nodiscard]] virtual std::optional<Value> storedObject(const std::string& key) const = 0;
 
 private:
+    mutable std::mutex mutex_;  // guards registered_
     std::map<std::string, Value> registered_;
 };
 
