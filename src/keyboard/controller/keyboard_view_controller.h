@@ -151,6 +151,7 @@ public:
     virtual void dismissKeyboard();
     virtual void playKeySound();
     virtual void toggleSettings(bool hide);
+    [[nodiscard]] bool settingsOnShow() const;
 
     // Do nothing here.
 
@@ -266,7 +267,6 @@ private:
     void stackViews();
     [[nodiscard]] double keysHeight() const;
     void updateAppearance();
-    [[nodiscard]] bool secondSpaceEndsSentence() const;
 
     std::unique_ptr<LayoutConstants> layoutConstants_;
     std::unique_ptr<GlobalColors> globalColors_;

@@ -139,7 +139,7 @@ void CairoPainter::drawImage(const std::string& path, const Rect& rect, const Co
     cairo_matrix_t matrix;
     cairo_get_matrix(context_, &matrix);
     // Unless it is turned, each of its pixels is to fall on one of the screen's.
-    if (std::abs(matrix.xy) < EDGE_TOLERANCE && std::abs(matrix.yx) < EDGE_TOLERANCE) {
+    if (matrix.xx > 0 && std::abs(matrix.yx) < EDGE_TOLERANCE) {
         cairo_identity_matrix(context_);
         cairo_translate(context_, std::round(matrix.x0), std::round(matrix.y0));
     }

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+
+namespace vorpel {
+
+std::unique_ptr<VorpelKeyboardViewController> VorpelKeyboardViewController::create(
+    platform::Platform& platform) {
+    std::unique_ptr<VorpelKeyboardViewController> controller(new VorpelKeyboardViewController(platform));
+    controller->setUp();
+    return controller;
+}
+
+void VorpelKeyboardViewController::viewDidLayoutSubviews() {
+    const double width = view().bounds().width;
+    if (width != laidOutWidth_) {
+        laidOutWidth_ = width;
+        // What was measured for the old width does not hold for the new one.
+        for (KeyboardLayout* const laidOut : {layout(), arabicLayout()}) {
+            if (laidOut) laidOut->otherTypeKeyWidth = 0;
+        }
+    }
+    KeyboardViewController::viewDidLayoutSubviews();
+}
+
+void VorpelKeyboardViewController::selectPageForField() {
+    const bool isLandscape =
+        platform().host.interfaceOrientation() == platform::InterfaceOrientation::Landscape;
+    const bool hasRoom = platform().screen.boundsWidth() >= LEAST_WIDE_WIDTH;
+    if (isLandscape && hasRoom && !isPad()) {
+        setModeForKeyboardInLandscape(keyboardType, returnType);
+    } else {
+        setModeForKeyboard(keyboardType, returnType);
+    }
+}
+
+void VorpelKeyboardViewController::keyPressedHelper(ui::Control& sender) {
+    KeyboardViewController::keyPressedHelper(sender);
+    // Shift was held for this letter and has nothing left to do when it is let go.
+    shiftStartingState.reset();
+}
+
+void VorpelKeyboardViewController::setupKeys() {
+    KeyboardViewController::setupKeys();
+    const KeyboardLayout* const shown = plane().layout.get();
+    if (!shown) return;
+    for (const auto& [key, view] : shown->modelToView()) {
+        if (key->type != Key::KeyType::Shift) continue;
+        // The next tap is a new gesture.
+        view->addTarget(this, "shiftCancelled",
+                        ui::ControlEvent::TouchCancel | ui::ControlEvent::TouchDragExit,
+                        [this](ui::Control&) {
+                            shiftStartingState.reset();
+                            shiftWasMultitapped = false;
+                        });
+    }
+}
+
+}  // namespace vorpel
