@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/controller/keyboard_view_controller.h"
+#include "keyboard/model/preference_keys.h"
 #include "keyboard/settings/default_settings.h"
-#include "keyboard/settings/preference_keys.h"
 
 #include <optional>
 

@@ -3,7 +3,7 @@
 #include "keyboard/controller/programming_fault.h"
 #include "keyboard/controller/sentence.h"
 #include "keyboard/model/page_selection.h"
-#include "keyboard/settings/preference_keys.h"
+#include "keyboard/model/preference_keys.h"
 
 namespace vorpel {
 

@@ -3,8 +3,8 @@
 
 #include "keyboard/controller/programming_fault.h"
 #include "keyboard/model/default_keyboard.h"
+#include "keyboard/model/preference_keys.h"
 #include "keyboard/settings/default_settings.h"
-#include "keyboard/settings/preference_keys.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/layout/keyboard_layout.h"
-#include "keyboard/settings/preference_keys.h"
+#include "keyboard/model/preference_keys.h"
 #include "keyboard/theme/hex_color.h"
 #include "platform/characters.h"
 

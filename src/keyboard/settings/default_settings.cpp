@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/settings/default_settings.h"
 
-#include "keyboard/settings/preference_keys.h"
+#include "keyboard/model/preference_keys.h"
 
 namespace vorpel {
 
