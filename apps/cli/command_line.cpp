@@ -115,9 +115,7 @@ void addGeometry(CLI::App& app, Action& action) {
                    "Example: vorpel geometry --language en --page 0 --width 375 --out en_US_P_113.json",
                    arguments, writeGeometry);
     addLanguageOption(*command, arguments->language);
-    command->add_option("--page", arguments->page, "the page; 0 is the letters' page, the only one so far")
-        ->check(CLI::Range(0, 0))
-        ->capture_default_str();
+    command->add_option("--page", arguments->page, "the page; 0 is the letters' page")->capture_default_str();
     command->add_option("--width", arguments->width, "in points, of a page held upright")
         ->check(CLI::Range(320.0, 500.0))
         ->capture_default_str();

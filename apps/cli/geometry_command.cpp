@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands.h"
 #include "compiler/geometry_file_writer.h"
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 
 #include <memory>
 #include <string>
@@ -16,8 +16,8 @@ constexpr double REFERENCE_HEIGHT = 216;
 }  // namespace
 
 int writeGeometry(const GeometryArguments& arguments) {
-    compiler::KeyPage page = compiler::layOutPortraitPage(compiler::letterRows(arguments.language),
-                                                          arguments.width, REFERENCE_HEIGHT);
+    compiler::KeyPage page =
+        compiler::layOutKeyPage(arguments.language, 0, arguments.width, REFERENCE_HEIGHT);
     compiler::addHeldLetters(arguments.language, &page);
     const std::string locale = arguments.language == "en" ? "en_US" : "ar_SA";
     const auto letterCase = arguments.capitals ? compiler::LetterCase::Upper : compiler::LetterCase::Lower;

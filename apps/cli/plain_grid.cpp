@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "plain_grid.h"
 
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 #include "suggestion/geometry_file.h"
 #include "text/char_utils.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace vorpel::cli {
 
@@ -28,6 +31,19 @@ std::map<int, TouchPoint> centersByCode(const std::string& geometryFile) {
     return centers;
 }
 
+/// The small letters of the letters page, row by row.
+std::vector<std::vector<int>> lettersByRow(const std::string& language) {
+    // Any size tells which letters share a row.
+    const compiler::KeyPage page = compiler::layOutKeyPage(language, 0, 375, 216);
+    std::map<double, std::vector<int>> rows;
+    for (const compiler::KeyFrame& key : page.keys) {
+        if (key.codePoint != ' ') rows[key.y].push_back(wordengine::CharUtils::toLowerCase(key.codePoint));
+    }
+    std::vector<std::vector<int>> inOrder;
+    for (auto& [y, letters] : rows) inOrder.push_back(std::move(letters));
+    return inOrder;
+}
+
 /// The cell of `count` in a row that a place falls into, the nearest one outside of them.
 std::size_t cellOf(double place, std::size_t count) {
     // A size so small that a cell has none gives a place that is no number.
@@ -39,17 +55,15 @@ std::size_t cellOf(double place, std::size_t count) {
 
 PlainGrid::PlainGrid(const std::string& language, const std::string& geometryFile) {
     const std::map<int, TouchPoint> centers = centersByCode(geometryFile);
-    for (const compiler::KeyRow& keys : compiler::letterRows(language)) {
+    for (const auto& keys : lettersByRow(language)) {
         Row row;
-        for (const compiler::RowKey& key : keys) {
-            if (key.kind != compiler::RowKey::Kind::Character) continue;
-            const auto center = centers.find(wordengine::CharUtils::toLowerCase(key.codePoint));
+        for (const int letter : keys) {
+            const auto center = centers.find(letter);
             if (center == centers.end()) {
                 throw std::runtime_error(geometryFile + ": a letter of the language has no key");
             }
             row.centers.push_back(center->second);
         }
-        if (row.centers.size() < 2) continue;
         row.pitch = row.centers[1].x - row.centers[0].x;
         mostKeys_ = std::max(mostKeys_, row.centers.size());
         rows_.push_back(std::move(row));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "compiler/slip_model.h"
 
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 #include "text/char_utils.h"
 
 #include <cmath>
@@ -30,7 +30,7 @@ char32_t letterOf(const KeyFrame& key) {
 }  // namespace
 
 SlipModel::SlipModel(const std::string& language) {
-    const KeyPage page = layOutPortraitPage(letterRows(language), PAGE_WIDTH, PAGE_HEIGHT);
+    const KeyPage page = layOutKeyPage(language, 0, PAGE_WIDTH, PAGE_HEIGHT);
     const double pitch = page.keys[1].centerX() - page.keys[0].centerX();
     for (const KeyFrame& key : page.keys) {
         if (key.codePoint == ' ') continue;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "compiler/geometry_file_writer.h"
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 
 #include <gtest/gtest.h>
 #include <json/json.h>
@@ -49,7 +49,7 @@ constexpr PlacedKey PLACED_KEYS[] = {
 
 TEST(GeometryTest, KeysLieWhereTheRowsPutThem) {
     for (const PlacedKey& expected : PLACED_KEYS) {
-        const KeyPage page = layOutPortraitPage(letterRows(expected.language), expected.pageWidth, 216);
+        const KeyPage page = layOutKeyPage(expected.language, 0, expected.pageWidth, 216);
         const KeyFrame key = keyOf(page, expected.key);
         SCOPED_TRACE(std::string(expected.language) + " " + std::to_string(expected.pageWidth) + " " +
                      std::to_string(expected.key));
@@ -63,7 +63,7 @@ TEST(GeometryTest, KeysLieWhereTheRowsPutThem) {
 TEST(GeometryTest, KeysStayOnThePageAndApart) {
     for (const char* language : {"en", "ar"}) {
         for (double width = 320; width <= 500; width += 5) {
-            const KeyPage page = layOutPortraitPage(letterRows(language), width, 216);
+            const KeyPage page = layOutKeyPage(language, 0, width, 216);
             for (std::size_t i = 0; i < page.keys.size(); ++i) {
                 const KeyFrame& key = page.keys[i];
                 EXPECT_GE(key.x, 0);
@@ -77,7 +77,7 @@ TEST(GeometryTest, KeysStayOnThePageAndApart) {
 }
 
 TEST(GeometryTest, CellsListTheSmallLettersWithinReachNearestFirst) {
-    const KeyPage page = layOutPortraitPage(letterRows("en"), 375, 216);
+    const KeyPage page = layOutKeyPage("en", 0, 375, 216);
     const Json::Value file = parse(geometryJson(page, "en_US", LetterCase::Upper));
     const Json::Value& grid = file["proximityCharsArray"];
     ASSERT_EQ(grid.size(), 32U * 16 * 16);
@@ -112,7 +112,7 @@ TEST(GeometryTest, CellsListTheSmallLettersWithinReachNearestFirst) {
 }
 
 TEST(GeometryTest, TheFileHoldsThePageInWholePointsAndItsCentresExactly) {
-    const KeyPage page = layOutPortraitPage(letterRows("en"), 375, 216);
+    const KeyPage page = layOutKeyPage("en", 0, 375, 216);
     const Json::Value lower = parse(geometryJson(page, "en_US", LetterCase::Lower));
     const Json::Value upper = parse(geometryJson(page, "en_US", LetterCase::Upper));
     EXPECT_EQ(lower["keyCharCodes"][0], 'q');
@@ -130,7 +130,7 @@ TEST(GeometryTest, TheFileHoldsThePageInWholePointsAndItsCentresExactly) {
 }
 
 TEST(GeometryTest, LettersOfALongPressLieOnTheirKey) {
-    KeyPage page = layOutPortraitPage(letterRows("ar"), 375, 216);
+    KeyPage page = layOutKeyPage("ar", 0, 375, 216);
     const std::size_t drawn = page.keys.size();
     addHeldLetters("ar", &page);
     ASSERT_EQ(page.keys.size(), drawn + 3);
@@ -153,16 +153,17 @@ TEST(GeometryTest, LettersOfALongPressLieOnTheirKey) {
         cellsOfAlef += listed.find(U'ا') != listed.npos;
     }
     EXPECT_GT(cellsOfAlef, 0);
-    KeyPage english = layOutPortraitPage(letterRows("en"), 375, 216);
+    KeyPage english = layOutKeyPage("en", 0, 375, 216);
     const std::size_t letters = english.keys.size();
     addHeldLetters("en", &english);
     EXPECT_EQ(english.keys.size(), letters);
 }
 
 TEST(GeometryTest, WhatCannotBeAPageIsRefused) {
-    EXPECT_THROW(letterRows("tlh"), std::invalid_argument);
-    EXPECT_THROW(layOutPortraitPage(letterRows("en"), 20, 216), std::invalid_argument);
-    EXPECT_THROW(layOutPortraitPage(letterRows("en"), 375, 30), std::invalid_argument);
+    EXPECT_THROW(layOutKeyPage("tlh", 0, 375, 216), std::invalid_argument);
+    EXPECT_THROW(layOutKeyPage("en", 9, 375, 216), std::invalid_argument);
+    EXPECT_THROW(layOutKeyPage("en", 0, 20, 216), std::invalid_argument);
+    EXPECT_THROW(layOutKeyPage("en", 0, 375, 30), std::invalid_argument);
     EXPECT_THROW(geometryJson({375, 216, {}}, "en_US", LetterCase::Lower), std::invalid_argument);
     KeyPage crowded{375, 216, std::vector<KeyFrame>(65, KeyFrame{'a', 0, 0, 5, 5})};
     EXPECT_THROW(geometryJson(crowded, "en_US", LetterCase::Lower), std::invalid_argument);

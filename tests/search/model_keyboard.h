@@ -2,7 +2,7 @@
 #pragma once
 
 #include "compiler/geometry_file_writer.h"
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 #include "proximity/proximity_info.h"
 
 #include <json/json.h>
@@ -33,7 +33,7 @@ public:
     using KeyFrame = vorpel::compiler::KeyFrame;
 
     explicit ModelKeyboard(LetterCase letterCase = LetterCase::Lower)
-        : page_(vorpel::compiler::layOutPortraitPage(vorpel::compiler::letterRows("en"), 375, 216)),
+        : page_(vorpel::compiler::layOutKeyPage("en", 0, 375, 216)),
           letterCase_(letterCase),
           keyWidth_(static_cast<int>(std::lround(frameOf('q')->width))),
           proximityInfo_(build()) {}

@@ -140,7 +140,7 @@ TEST_F(VPWordSuggestionsTest, TheTouchCountsOnlyWhereItIsAsked) {
 }
 
 TEST_F(VPWordSuggestionsTest, LiveFramesStandInForTheStoredCentres) {
-    const compiler::KeyPage page = compiler::layOutPortraitPage(compiler::letterRows("en"), 375, 216);
+    const compiler::KeyPage page = compiler::layOutKeyPage("en", 0, 375, 216);
     std::vector<std::optional<LiveKeyFrame>> frames;
     Words caps;
     for (const compiler::KeyFrame& key : page.keys) {

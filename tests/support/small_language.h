@@ -3,7 +3,7 @@
 
 #include "compiler/dictionary_model.h"
 #include "compiler/geometry_file_writer.h"
-#include "compiler/portrait_page.h"
+#include "compiler/key_page_layout.h"
 #include "compiler/version2_writer.h"
 #include "support/temporary_folder.h"
 
@@ -39,8 +39,7 @@ public:
     void writeDictionary() const { compiler::Version2Writer::writeFile(model_, dictionaryPath()); }
 
     void writeGeometry() const {
-        const compiler::KeyPage page =
-            compiler::layOutPortraitPage(compiler::letterRows(language_), 375, 216);
+        const compiler::KeyPage page = compiler::layOutKeyPage(language_, 0, 375, 216);
         const auto write = [&](const std::string& name, compiler::LetterCase letterCase) {
             compiler::writeGeometryFile(folder_.path(name), page, locale(), letterCase);
         };
