@@ -10,6 +10,9 @@ namespace vorpel::ui {
 
 class Window;
 
+/// Whether a change is to be seen happening.
+enum class Animated { No, Yes };
+
 enum class AnimationCurve { Linear, EaseIn, EaseOut, EaseInOut };
 
 /// Where on its way from 0 to 1 a curve is when `time`, from 0 to 1, has passed.

@@ -6,8 +6,6 @@
 
 namespace vorpel::ui {
 
-enum class Animated { No, Yes };
-
 /// On or off: a knob in a rounded track. A tap turns it over and sends ValueChanged, a change by the program
 /// does not. Drawn at its own size in the middle of the bounds.
 class Switch : public Control {

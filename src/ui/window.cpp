@@ -163,7 +163,6 @@ void Window::layoutIfNeeded() {
         needsLayout_ = false;
         root_->layoutIfNeeded();
     }
-    needsLayout_ = false;
     layingOut_ = false;
 }
 
@@ -171,6 +170,7 @@ void Window::paint(Painter& painter) {
     if (!needsPaint()) return;
     painter_ = &painter;
     layoutIfNeeded();
+    needsLayout_ = false;
     // A view that asks to be painted while it is painted waits for the next frame.
     painting_.swap(damage_);
     const Point origin = root_ ? root_->frame().origin() : Point{};
