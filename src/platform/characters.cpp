@@ -5,6 +5,7 @@
 #include <unicode/casemap.h>
 #include <unicode/ubrk.h>
 #include <unicode/utext.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <memory>
@@ -122,6 +123,15 @@ std::string mapped(std::string_view text, CaseMapping map) {
 
 bool isAscii(std::string_view text) {
     return std::ranges::all_of(text, isAsciiByte);
+}
+
+bool isWellFormedUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        UChar32 codePoint = 0;
+        U8_NEXT(text, at, text.size(), codePoint);
+        if (codePoint < 0) return false;
+    }
+    return true;
 }
 
 std::string uppercased(std::string_view text) {

@@ -12,6 +12,7 @@
 namespace vorpel::platform {
 
 [[nodiscard]] bool isAscii(std::string_view text);
+[[nodiscard]] bool isWellFormedUtf8(std::string_view text);
 
 /// The full mapping of Unicode, the same in every locale; the length may change ("ß" becomes "SS").
 [[nodiscard]] std::string uppercased(std::string_view text);

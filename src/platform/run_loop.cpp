@@ -3,16 +3,32 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace vorpel::platform {
+namespace {
+
+constexpr double SHORTEST_REPETITION = 0.0001;
+
+}  // namespace
 
 struct Timer::State {
-    double deadline = 0;
+    double start = 0;
     double interval = 0;
+    double ticks = 1;  // up to the deadline; counted, since a sum of intervals would drift
     bool repeats = false;
     bool valid = true;
     RunLoop::Block block;
+
+    [[nodiscard]] double deadline() const { return start + ticks * interval; }
+    [[nodiscard]] bool isDue(double time) const { return valid && deadline() <= time; }
+
+    /// On to the first tick after a time.
+    void skipTo(double time) {
+        ticks = std::max(ticks, std::floor((time - start) / interval));
+        while (deadline() <= time) ++ticks;
+    }
 };
 
 Timer::Timer(std::shared_ptr<State> state) : state_(std::move(state)) {}
@@ -50,8 +66,8 @@ void RunLoop::async(Block block) {
 
 Timer RunLoop::scheduledTimer(double interval, bool repeats, Block block) {
     auto state = std::make_shared<Timer::State>();
-    state->deadline = now() + interval;
-    state->interval = interval;
+    state->start = now();
+    state->interval = std::max(interval, repeats ? SHORTEST_REPETITION : 0.0);
     state->repeats = repeats;
     state->block = std::move(block);
     timers_.push_back(state);
@@ -65,7 +81,7 @@ std::optional<double> RunLoop::nextDeadline() const {
     }
     std::optional<double> next;
     for (const auto& timer : timers_) {
-        if (timer->valid && (!next || timer->deadline < *next)) next = timer->deadline;
+        if (timer->valid && (!next || timer->deadline() < *next)) next = timer->deadline();
     }
     return next;
 }
@@ -74,18 +90,17 @@ void RunLoop::runDue() {
     runBlocks();
     // Only what is due now: a timer that starts another without delay must not keep the loop here.
     const double time = now();
-    std::erase_if(timers_, [](const auto& timer) { return !timer->valid; });
-    for (std::size_t turns = timers_.size(); turns > 0; --turns) {
-        const std::shared_ptr<Timer::State> timer = earliestDue(time);
-        if (!timer) break;
+    for (const auto& timer : timersDue(time)) {
+        // Those that fired before it may have stopped it, or run the loop themselves.
+        if (!timer->isDue(time)) continue;
         if (timer->repeats) {
-            const double missed = std::max(0.0, std::floor((time - timer->deadline) / timer->interval));
-            timer->deadline += (missed + 1) * timer->interval;
+            timer->skipTo(time);
         } else {
             timer->valid = false;
         }
         timer->block();
     }
+    std::erase_if(timers_, [](const auto& timer) { return !timer->valid; });
     runBlocks();
 }
 
@@ -103,13 +118,12 @@ void RunLoop::runBlocks() {
     for (const Block& block : blocks) block();
 }
 
-std::shared_ptr<Timer::State> RunLoop::earliestDue(double time) {
-    std::shared_ptr<Timer::State> earliest;
-    for (const auto& timer : timers_) {
-        const bool due = timer->valid && timer->deadline <= time;
-        if (due && (!earliest || timer->deadline < earliest->deadline)) earliest = timer;
-    }
-    return earliest;
+std::vector<std::shared_ptr<Timer::State>> RunLoop::timersDue(double time) const {
+    std::vector<std::shared_ptr<Timer::State>> due;
+    std::ranges::copy_if(timers_, std::back_inserter(due),
+                         [time](const auto& timer) { return timer->isDue(time); });
+    std::ranges::stable_sort(due, {}, [](const auto& timer) { return timer->deadline(); });
+    return due;
 }
 
 }  // namespace vorpel::platform

@@ -3,12 +3,12 @@
 
 #include "platform/clock.h"
 
-#include <atomic>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace vorpel::platform {
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] const Clock& clock() const { return clock_; }
     [[nodiscard]] double now() const { return clock_.now(); }
 
-    /// Runs the block at the next `runDue`, in the order of the calls. Any thread.
+    /// Runs the block at the next `runDue`, in the order of the calls. Any thread, as long as the loop lives.
     void async(Block block);
 
     /// Called, from any thread, when a block was handed in while the loop may be asleep. Set it before other
@@ -58,13 +58,15 @@ public:
     void setWakeUp(Block wakeUp) { wakeUp_ = std::move(wakeUp); }
 
     /// Fires once, or again and again, `interval` seconds apart. A repeating timer that was held up skips the
-    /// ticks it missed but stays in step.
+    /// ticks it missed but stays in step: it fires at whole multiples of its interval from its start. A
+    /// negative interval counts as 0, and a repeating one is at least a tenth of a millisecond.
     [[nodiscard]] Timer scheduledTimer(double interval, bool repeats, Block block);
 
     /// When there is something to do next, on the loop's clock; nothing when it may sleep until woken.
     [[nodiscard]] std::optional<double> nextDeadline() const;
 
-    /// Runs the blocks handed in so far and every timer that is due, earliest first.
+    /// Runs the blocks handed in so far and every timer that is due, earliest first, those of one time in
+    /// the order in which they were scheduled. What these start anew waits for the next call.
     void runDue();
 
     /// Timers that have not been stopped and have not fired for the last time.
@@ -72,7 +74,7 @@ public:
 
 private:
     void runBlocks();
-    std::shared_ptr<Timer::State> earliestDue(double time);
+    [[nodiscard]] std::vector<std::shared_ptr<Timer::State>> timersDue(double time) const;
 
     const Clock& clock_;
     Block wakeUp_;
