@@ -10,10 +10,11 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <map>
-#include <random>
 #include <sys/stat.h>
 #include <thread>
 
@@ -225,6 +226,17 @@ TEST_F(FileUserDefaultsTest, AFailedSaveIsReportedAndTriedAgainAtTheNextChange) 
     struct stat status {};
     ASSERT_EQ(::stat(folder.path("settings").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0700U);
+}
+
+TEST_F(FileUserDefaultsTest, NothingIsReportedOnceTheObjectIsGone) {
+    path = folder.path("settings/preferences.json");
+    auto defaults = open();
+    folder.write("settings", "");
+    defaults->setInteger("number", 1);
+    defaults.reset();
+    EXPECT_EQ(faults.size(), 1U);
+    EXPECT_EQ(queue.runAll(), 1U);
+    EXPECT_EQ(faults.size(), 1U);
 }
 
 TEST_F(FileUserDefaultsTest, ALinkIsSavedWhereItLeads) {

@@ -97,8 +97,9 @@ TEST(ThreadOperationQueue, WhatAnOperationHoldsMayCallTheQueueAsItGoes) {
     queue.setMaxConcurrentOperationCount(1);
     std::latch mayEnd(1);
     struct CountsAtItsEnd {
-        ThreadOperationQueue& queue;
-        ~CountsAtItsEnd() { (void)queue.operationCount(); }
+        explicit CountsAtItsEnd(ThreadOperationQueue& queue) : counted(queue) {}
+        ~CountsAtItsEnd() { (void)counted.operationCount(); }
+        ThreadOperationQueue& counted;
     };
     queue.addOperation([&, held = std::make_shared<CountsAtItsEnd>(queue)] { mayEnd.wait(); });
     queue.addOperation([held = std::make_shared<CountsAtItsEnd>(queue)] {});
