@@ -22,7 +22,7 @@ TEST(CairoMemoryTest, LaterFramesAllocateNothing) {
             painter.translate({45, 0});
             painter.drawShadow(key, {ui::Color::black(), {0, 1}, 3});
             painter.fill(key, ui::Color::white());
-            painter.drawText(label, {0, 0, 40, 40}, {.minimumScale = 0.7});
+            painter.drawText(label, {0, 0, 40, 40}, {.font = {16}, .minimumScale = 0.7});
             painter.drawImage(image, {0, 0, 24, 24}, ui::Color::black());
         }
     };

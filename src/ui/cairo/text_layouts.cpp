@@ -37,8 +37,9 @@ int toUnits(double points) {
 }
 
 // Nothing is rounded to pixels, so that a line is as wide at one scale as at another.
-ObjectHandle<PangoContext> makeContext(PangoFontMap* fontMap, double scale) {
-    ObjectHandle<PangoContext> context(pango_font_map_create_context(fontMap));
+ObjectHandle<PangoContext> makeContext(double scale) {
+    // The thread's own map of fonts is shared, as reading fonts costs more than all that is done with them.
+    ObjectHandle<PangoContext> context(pango_font_map_create_context(pango_cairo_font_map_get_default()));
     cairo_font_options_t* const options = cairo_font_options_create();
     cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
     cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
@@ -67,10 +68,7 @@ void setText(PangoLayout* layout, const std::string& text) {
 
 }  // namespace
 
-TextLayouts::TextLayouts(double scale)
-    : fontMap_(pango_cairo_font_map_new()),
-      context_(makeContext(fontMap_.get(), scale)),
-      lines_(LINES_A_GENERATION) {}
+TextLayouts::TextLayouts(double scale) : context_(makeContext(scale)), lines_(LINES_A_GENERATION) {}
 
 std::size_t TextLayouts::KeyHash::operator()(const Key& key) const {
     std::size_t hash = std::hash<std::string>()(key.text);
@@ -154,7 +152,8 @@ double TextLayouts::middleHeight(const std::string& sample, FontWeight weight) c
 std::vector<std::string> TextLayouts::missingFamilies() const {
     std::vector<std::string> missing;
     for (const char* const family : systemFontFamilies()) {
-        if (!pango_font_map_get_family(fontMap_.get(), family)) missing.emplace_back(family);
+        if (!pango_font_map_get_family(pango_context_get_font_map(context_.get()), family))
+            missing.emplace_back(family);
     }
     return missing;
 }

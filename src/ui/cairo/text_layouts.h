@@ -66,7 +66,6 @@ private:
     [[nodiscard]] TextLine fit(const Key& key, double naturalWidth) const;
     [[nodiscard]] double middleHeight(const std::string& sample, FontWeight weight) const;
 
-    ObjectHandle<PangoFontMap> fontMap_;
     ObjectHandle<PangoContext> context_;
     RecentCache<Key, TextLine, KeyHash> lines_;
     std::array<MiddleHeights, 3> middleHeights_;
