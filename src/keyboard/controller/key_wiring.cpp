@@ -31,6 +31,8 @@ void KeyboardViewController::setupKeys() {
 // The order is that in which the actions of one event run.
 void KeyboardViewController::setupKey(KeyboardKey& view, const Key& key) {
     view.removeAllTargets();
+    // Before all: a mode key's own action takes away what else its view was to do.
+    add(view, "playKeySound", TouchDown, &Controller::playKeySound);
     setupSpecialKey(view, key);
     if (key.isCharacter() && !isPad()) setupPopup(view);
     if (key.hasOutput()) {
@@ -45,7 +47,6 @@ void KeyboardViewController::setupKey(KeyboardKey& view, const Key& key) {
             TouchUpInside | TouchUpOutside | TouchDragOutside | TouchDragExit | TouchCancel,
             &Controller::unHighlightKey);
     }
-    add(view, "playKeySound", TouchDown, &Controller::playKeySound);
 }
 
 void KeyboardViewController::setupSpecialKey(KeyboardKey& view, const Key& key) {
