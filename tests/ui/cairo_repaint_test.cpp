@@ -120,7 +120,7 @@ TEST_F(RepaintTest, NothingBesideTheDamageIsTouched) {
         cairo_paint(context.get());
         views_[4].setNeedsDisplay();
         const Rect repainted = paintWindow(window_, bitmap, resources);
-        EXPECT_LT(repainted.width, 20.5 * scale + 2);
+        EXPECT_LT(repainted.width, (18.4 + 8 + 8) * scale + 2);
         EXPECT_FALSE(repainted.isEmpty());
         for (int y = 0; y < bitmap.height(); ++y) {
             for (int x = 0; x < bitmap.width(); ++x) {

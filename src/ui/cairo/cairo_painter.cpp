@@ -168,6 +168,29 @@ Size CairoPainter::measureText(const std::string& text, const Font& font) {
     return {line.width, line.height};
 }
 
+void CairoPainter::drawParagraph(const std::string& text, const Rect& rect, const TextStyle& style) {
+    if (text.empty() || rect.isEmpty() || style.color.isClear()) return;
+    const TextParagraph& paragraph = resources_.texts().paragraph(text, style.font, rect.width, rect.height);
+    setColor(style.color);
+    PangoLayoutIter* const lines = pango_layout_get_iter(paragraph.layout.get());
+    do {
+        PangoLayoutLine* const line = pango_layout_iter_get_line_readonly(lines);
+        PangoRectangle logical{};
+        pango_layout_line_get_extents(line, nullptr, &logical);
+        const double width = pango_units_to_double(logical.width);
+        const double baseline = pango_units_to_double(pango_layout_iter_get_baseline(lines));
+        cairo_move_to(context_, leftEdge(rect, width, style.alignment), rect.y + baseline);
+        pango_cairo_show_layout_line(context_, line);
+    } while (pango_layout_iter_next_line(lines));
+    pango_layout_iter_free(lines);
+}
+
+Size CairoPainter::measureParagraph(const std::string& text, double width, const Font& font) {
+    if (text.empty()) return {};
+    const TextParagraph& paragraph = resources_.texts().paragraph(text, font, width);
+    return {paragraph.width, paragraph.height};
+}
+
 void CairoPainter::setColor(const Color& color) {
     cairo_set_source_rgba(context_, color.red, color.green, color.blue, color.alpha);
 }

@@ -5,6 +5,7 @@
 #include "ui/painter.h"
 
 #include <cairo.h>
+
 #include <string>
 
 namespace vorpel::ui {
@@ -37,6 +38,8 @@ public:
     void drawImage(const std::string& path, const Rect& rect, const Color& tint) override;
     void drawText(const std::string& text, const Rect& rect, const TextStyle& style) override;
     [[nodiscard]] Size measureText(const std::string& text, const Font& font) override;
+    void drawParagraph(const std::string& text, const Rect& rect, const TextStyle& style) override;
+    [[nodiscard]] Size measureParagraph(const std::string& text, double width, const Font& font) override;
 
 private:
     void setColor(const Color& color);

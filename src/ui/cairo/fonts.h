@@ -4,6 +4,7 @@
 #include "ui/font.h"
 
 #include <pango/pango.h>
+
 #include <span>
 
 namespace vorpel::ui {

@@ -3,6 +3,7 @@
 
 #include <cairo.h>
 #include <glib-object.h>
+
 #include <memory>
 
 namespace vorpel::ui {

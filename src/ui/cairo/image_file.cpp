@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/cairo/image_file.h"
 
+#include <librsvg/rsvg.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
-#include <librsvg/rsvg.h>
 #include <span>
 #include <string_view>
 #include <utility>

@@ -14,6 +14,7 @@ namespace {
 
 // All keys of two keyboards, a full banner, and a screen of emoji.
 constexpr std::size_t LINES_A_GENERATION = 512;
+constexpr std::size_t PARAGRAPHS_A_GENERATION = 32;
 
 // Rounding to Pango's units must not turn a text that fits into one that does not.
 constexpr double WIDTH_TOLERANCE = 0.01;
@@ -66,23 +67,57 @@ void setText(PangoLayout* layout, const std::string& text) {
     g_free(valid);
 }
 
+// Pango gives each of its paragraphs a line, however little room there is; line separators keep all in one.
+std::string withLineSeparators(const std::string& text) {
+    constexpr std::string_view SEPARATOR = "\u2028";
+    std::string separated;
+    for (const char byte : text) {
+        if (byte == '\n') {
+            separated += SEPARATOR;
+        } else {
+            separated += byte;
+        }
+    }
+    return separated;
+}
+
+// At least one.
+int linesWithin(PangoLayout* layout, double height) {
+    PangoLayoutIter* const lines = pango_layout_get_iter(layout);
+    int count = 1;
+    while (pango_layout_iter_next_line(lines)) {
+        PangoRectangle logical{};
+        pango_layout_iter_get_line_extents(lines, nullptr, &logical);
+        if (toPoints(logical.y + logical.height) > height) break;
+        ++count;
+    }
+    pango_layout_iter_free(lines);
+    return count;
+}
+
 }  // namespace
 
-TextLayouts::TextLayouts(double scale) : context_(makeContext(scale)), lines_(LINES_A_GENERATION) {}
+TextLayouts::TextLayouts(double scale)
+    : context_(makeContext(scale)), lines_(LINES_A_GENERATION), paragraphs_(PARAGRAPHS_A_GENERATION) {}
 
 std::size_t TextLayouts::KeyHash::operator()(const Key& key) const {
     std::size_t hash = std::hash<std::string>()(key.text);
-    for (const double number : {key.font.size, key.width, key.minimumScale}) {
+    for (const double number : {key.font.size, key.width, key.minimumScale, key.height.value_or(0)}) {
         hash = hash * 31 + std::hash<double>()(number);
     }
     return hash * 31 + static_cast<std::size_t>(key.font.weight);
 }
 
-const TextLine& TextLayouts::line(const std::string& text, const Font& font) {
+void TextLayouts::want(const std::string& text, const Font& font) {
     wanted_.text = text;
     wanted_.font = {std::clamp(font.size, LEAST_FONT_SIZE, GREATEST_FONT_SIZE), font.weight};
     wanted_.width = 0;
     wanted_.minimumScale = 1;
+    wanted_.height.reset();
+}
+
+const TextLine& TextLayouts::line(const std::string& text, const Font& font) {
+    want(text, font);
     if (const TextLine* const known = lines_.find(wanted_)) return *known;
     return lines_.add(wanted_, measured(shape(text, wanted_.font), wanted_.font.size));
 }
@@ -110,6 +145,31 @@ TextLine TextLayouts::fit(const Key& key, double naturalWidth) const {
         pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
     }
     return measured(std::move(layout), smaller.size);
+}
+
+const TextParagraph& TextLayouts::paragraph(const std::string& text, const Font& font, double width,
+                                            std::optional<double> height) {
+    want(text, font);
+    wanted_.width = std::clamp(width, WIDTH_TOLERANCE, GREATEST_WIDTH);
+    if (height) wanted_.height = std::clamp(*height, WIDTH_TOLERANCE, GREATEST_WIDTH);
+    if (const TextParagraph* const known = paragraphs_.find(wanted_)) return *known;
+    return paragraphs_.add(wanted_, breakIntoLines(wanted_));
+}
+
+TextParagraph TextLayouts::breakIntoLines(const Key& key) const {
+    ObjectHandle<PangoLayout> layout = shape(withLineSeparators(key.text), key.font);
+    pango_layout_set_single_paragraph_mode(layout.get(), FALSE);
+    pango_layout_set_width(layout.get(), toUnits(key.width + WIDTH_TOLERANCE));
+    pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+    if (key.height) {
+        const int fitting = linesWithin(layout.get(), *key.height + WIDTH_TOLERANCE);
+        // A number of lines, which is what a negative height is, and not a height: that one Pango guesses at.
+        pango_layout_set_height(layout.get(), -fitting);
+        pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
+    }
+    PangoRectangle logical{};
+    pango_layout_get_extents(layout.get(), nullptr, &logical);
+    return {std::move(layout), toPoints(logical.width), toPoints(logical.height)};
 }
 
 ObjectHandle<PangoLayout> TextLayouts::shape(const std::string& text, const Font& font) const {
