@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <random>
 #include <string>
 #include <thread>
 
@@ -60,6 +61,22 @@ TEST_F(RunLoopTest, ARepeatingTimerThatWasHeldUpSkipsAndStaysInStep) {
     for (int tick = 7; tick <= 100000; ++tick) {
         ASSERT_EQ(*loop.nextDeadline(), tick * 0.1) << "ticks drift";
         ASSERT_EQ(runAt(*loop.nextDeadline()), "t");
+    }
+}
+
+TEST_F(RunLoopTest, ATickIsNeitherLostNorDoubledByRounding) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> seconds(0.001, 3);
+    for (int round = 0; round < 200; ++round) {
+        const double start = clock.now();
+        const double interval = seconds(random);
+        const Timer timer = loop.scheduledTimer(interval, true, note('t'));
+        int tick = 0;
+        for (int turn = 0; turn < 20; ++turn) {
+            tick += 1 + static_cast<int>(random() % 9);
+            ASSERT_EQ(runAt(start + tick * interval), "t");
+            ASSERT_EQ(*loop.nextDeadline(), start + (tick + 1) * interval);
+        }
     }
 }
 
