@@ -19,9 +19,9 @@ void waitUntilEmpty(const OperationQueue& queue) {
 }
 
 TEST(ThreadOperationQueue, OneAtATimeKeepsTheOrder) {
+    std::vector<int> ran;  // without a lock: only a serial queue leaves the thread sanitizer quiet
     ThreadOperationQueue queue;
     queue.setMaxConcurrentOperationCount(1);
-    std::vector<int> ran;  // without a lock: only a serial queue leaves the thread sanitizer quiet
     std::vector<int> expected(500);
     std::iota(expected.begin(), expected.end(), 0);
     for (const int number : expected) queue.addOperation([&ran, number] { ran.push_back(number); });
@@ -31,12 +31,12 @@ TEST(ThreadOperationQueue, OneAtATimeKeepsTheOrder) {
 
 TEST(ThreadOperationQueue, NeverMoreAtATimeThanAllowedAndAsManyWhenItCan) {
     for (const std::size_t most : {0U, 1U, 2U, 3U}) {
-        ThreadOperationQueue queue;
-        queue.setMaxConcurrentOperationCount(most);
         std::atomic<int> running = 0;
         std::atomic<int> highest = 0;
         // The first ones wait for each other: they end only if as many as allowed run together.
         std::latch together(static_cast<std::ptrdiff_t>(std::max<std::size_t>(most, 1)));
+        ThreadOperationQueue queue;
+        queue.setMaxConcurrentOperationCount(most);
         for (int number = 0; number < 40; ++number) {
             queue.addOperation([&, number] {
                 const int now = ++running;
@@ -52,11 +52,11 @@ TEST(ThreadOperationQueue, NeverMoreAtATimeThanAllowedAndAsManyWhenItCan) {
 }
 
 TEST(ThreadOperationQueue, CancellingDropsWhatWaitsAndCountsWhatRuns) {
-    ThreadOperationQueue queue;
-    queue.setMaxConcurrentOperationCount(1);
     std::latch started(1);
     std::latch mayEnd(1);
     std::atomic<int> ran = 0;
+    ThreadOperationQueue queue;
+    queue.setMaxConcurrentOperationCount(1);
     queue.addOperation([&] {
         started.count_down();
         mayEnd.wait();
@@ -77,10 +77,10 @@ TEST(ThreadOperationQueue, CancellingDropsWhatWaitsAndCountsWhatRuns) {
 
 TEST(ThreadOperationQueue, ItsEndDropsWhatWaitsAndWaitsForWhatRuns) {
     std::atomic<int> ran = 0;
+    std::latch started(1);
     {
         ThreadOperationQueue queue;
         queue.setMaxConcurrentOperationCount(1);
-        std::latch started(1);
         queue.addOperation([&] {
             started.count_down();
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -93,9 +93,9 @@ TEST(ThreadOperationQueue, ItsEndDropsWhatWaitsAndWaitsForWhatRuns) {
 }
 
 TEST(ThreadOperationQueue, WhatAnOperationHoldsMayCallTheQueueAsItGoes) {
+    std::latch mayEnd(1);
     ThreadOperationQueue queue;
     queue.setMaxConcurrentOperationCount(1);
-    std::latch mayEnd(1);
     struct CountsAtItsEnd {
         explicit CountsAtItsEnd(ThreadOperationQueue& queue) : counted(queue) {}
         ~CountsAtItsEnd() { (void)counted.operationCount(); }
@@ -124,9 +124,9 @@ TEST(ThreadPool, RunsAllThatWasHandedInBeforeItsEnd) {
 }
 
 TEST(ThreadPool, BlocksRunTogetherAndNoneIsRunWithASignalOpen) {
-    ThreadPool pool(2);
     std::latch together(3);
     std::atomic<int> blocked = 0;
+    ThreadPool pool(2);
     for (int number = 0; number < 2; ++number) {
         pool.async([&] {
             sigset_t mask;
