@@ -19,6 +19,10 @@ namespace {
 
 constexpr int STATUS_BAD_USAGE = 2;
 
+// Of what is drawn: in points, and pixels a point.
+constexpr double LARGEST_SIDE = 4096;
+constexpr double LARGEST_SCALE = 4;
+
 /// What the chosen command does once the whole line has been read.
 using Action = std::function<int()>;
 
@@ -123,6 +127,81 @@ void addGeometry(CLI::App& app, Action& action) {
     command->add_option("--out", arguments->out, "the file to write")->required();
 }
 
+void addPage(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<PageArguments>();
+    CLI::App* command = addCommand(app, action, "page", "The keys of a page and where they lie",
+                                   "Example: vorpel page --language ar --page 11 --width 320 --json\n"
+                                   "A page twice as wide as high is laid out for landscape.",
+                                   arguments, describePage);
+    addLanguageOption(*command, arguments->language);
+    command->add_option("--page", arguments->page, "the page's number")->capture_default_str();
+    command->add_option("--width", arguments->width, "of the page, in points")
+        ->check(CLI::Range(1.0, LARGEST_SIDE))
+        ->capture_default_str();
+    command->add_option("--height", arguments->height, "of the page, in points")
+        ->check(CLI::Range(1.0, LARGEST_SIDE))
+        ->capture_default_str();
+    command->add_option("--screen-width", arguments->screenWidth, "of the screen, where it is another")
+        ->check(CLI::Range(1.0, LARGEST_SIDE));
+    command->add_option("--scale", arguments->scale, "pixels a point")
+        ->check(CLI::Range(1.0, LARGEST_SCALE))
+        ->capture_default_str();
+    command->add_flag("--pad", arguments->pad, "on a tablet");
+    command->add_flag("--json", arguments->json, "one JSON object");
+}
+
+/// What a keyboard is put up for.
+void addStageOptions(CLI::App& command, StageShape& stage) {
+    addLanguageOption(command, stage.language);
+    command.add_option("--width", stage.width, "of the keyboard, in points")
+        ->check(CLI::Range(1.0, LARGEST_SIDE))
+        ->capture_default_str();
+    command.add_option("--height", stage.height, "of the keys, in points, where not by the device's rule")
+        ->check(CLI::Range(1.0, LARGEST_SIDE));
+    command.add_option("--screen-width", stage.screenWidth, "of the screen, where it is another")
+        ->check(CLI::Range(1.0, LARGEST_SIDE));
+    command.add_option("--scale", stage.scale, "pixels a point")
+        ->check(CLI::Range(1.0, LARGEST_SCALE))
+        ->capture_default_str();
+    command.add_flag("--pad", stage.isPad, "on a tablet");
+    command.add_flag("--landscape", stage.isLandscape, "with the device held sideways");
+    command.add_flag("--dark", stage.isDark, "in dark surroundings");
+    command.add_flag("--bar", stage.hasBar, "with the bar above the keys");
+    command
+        .add_option_function<std::string>(
+            "--field", [&stage](const std::string& field) { stage.field = traitsOfField(field); },
+            "text, email, url or number")
+        ->check(CLI::IsMember({"text", "email", "url", "number"}))
+        ->default_str("text");
+    stage.field = traitsOfField("text");
+}
+
+void addRender(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<RenderArguments>();
+    CLI::App* command =
+        addCommand(app, action, "render", "A picture of a page of the keyboard",
+                   "Example: vorpel render --page 1 --dark --out numbers.png", arguments, renderPage);
+    addStageOptions(*command, arguments->stage);
+    command->add_option("--page", arguments->page, "the page's number, where not the field's own");
+    command->add_option("--shift", arguments->shift, "off, on or locked")
+        ->check(CLI::IsMember({"off", "on", "locked"}));
+    command->add_option("--press", arguments->press, "a key that is held, by its cap or name");
+    command->add_flag("--settings", arguments->settings, "the settings in place of the keys");
+    command->add_option("--out", arguments->out, "the PNG file to write")->required();
+}
+
+void addType(CLI::App& app, Action& action) {
+    auto arguments = std::make_shared<TypeArguments>();
+    CLI::App* command =
+        addCommand(app, action, "type", "Touch the keys of a text and print the field after each",
+                   "Example: vorpel type --jitter 7 'Hello  there'", arguments, typeText);
+    addStageOptions(*command, arguments->stage);
+    command->add_option("--jitter", arguments->jitter,
+                        "let the touches stray from the keys' middles, by a seed");
+    command->add_option("--picture", arguments->picture, "write a picture of the keyboard at the end");
+    command->add_option("TEXT", arguments->text, "what is typed")->required();
+}
+
 void addEval(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<EvalArguments>();
     CLI::App* command =
@@ -145,7 +224,8 @@ void addEval(CLI::App& app, Action& action) {
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
-    CLI::App app{"Words as a touch keyboard sees them: corrected, completed and predicted."};
+    CLI::App app{
+        "A touch keyboard: its words corrected, completed and predicted, its keys drawn and typed on."};
     app.footer("Example: vorpel suggest teh freind\nEach command has its own --help.");
     app.set_version_flag("--version", VORPEL_VERSION);
     app.require_subcommand(1);
@@ -155,6 +235,9 @@ int runCommandLine(int argc, char** argv) {
     addServe(app, action);
     addDict(app, action);
     addGeometry(app, action);
+    addPage(app, action);
+    addRender(app, action);
+    addType(app, action);
     addEval(app, action);
     try {
         app.parse(argc, argv);

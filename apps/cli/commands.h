@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "keyboard/keyboard_stage.h"
 #include "language_files.h"
 
 #include <string>
@@ -49,6 +50,36 @@ struct GeometryArguments {
     std::string out;
 };
 int writeGeometry(const GeometryArguments& arguments);
+
+struct PageArguments {
+    std::string language = "en";
+    int page = 0;
+    double width = 375;
+    double height = 216;
+    double screenWidth = 0;  ///< 0 is the page's width
+    double scale = 2;
+    bool pad = false;
+    bool json = false;
+};
+int describePage(const PageArguments& arguments);
+
+struct RenderArguments {
+    StageShape stage;
+    int page = -1;  ///< the one that the field asks for, when negative
+    std::string shift = "off";
+    std::string press;  ///< the key that a finger rests on
+    bool settings = false;
+    std::string out;
+};
+int renderPage(const RenderArguments& arguments);
+
+struct TypeArguments {
+    StageShape stage;
+    int jitter = 0;  ///< a seed; 0 touches the middle of each key
+    std::string text;
+    std::string picture;
+};
+int typeText(const TypeArguments& arguments);
 
 struct EvalArguments {
     LanguageChoice choice;

@@ -20,20 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Where the data may lie, the first choice first: where the user says, beside an installed tool,
-/// and beside the build folder of the tool.
-std::vector<fs::path> dataFolders() {
-    std::vector<fs::path> folders;
-    if (const char* named = std::getenv("VORPEL_DATA")) folders.emplace_back(named);
-    std::error_code error;
-    const fs::path tool = fs::read_symlink("/proc/self/exe", error);
-    if (!error) {
-        folders.push_back(tool.parent_path().parent_path() / "share" / "vorpel");
-        folders.push_back(tool.parent_path().parent_path().parent_path() / "data");
-    }
-    return folders;
-}
-
 fs::path folderThatHolds(const std::string& name) {
     std::string searched;
     for (const fs::path& folder : dataFolders()) {
@@ -64,6 +50,18 @@ void checkDictionary(const std::string& path) {
 }
 
 }  // namespace
+
+std::vector<fs::path> dataFolders() {
+    std::vector<fs::path> folders;
+    if (const char* named = std::getenv("VORPEL_DATA")) folders.emplace_back(named);
+    std::error_code error;
+    const fs::path tool = fs::read_symlink("/proc/self/exe", error);
+    if (!error) {
+        folders.push_back(tool.parent_path().parent_path() / "share" / "vorpel");
+        folders.push_back(tool.parent_path().parent_path().parent_path() / "data");
+    }
+    return folders;
+}
 
 std::string LanguageFiles::geometryFile() const {
     return (fs::path(geometryFolder) / resourcesOf(language).geometryFile()).string();

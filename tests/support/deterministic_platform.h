@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/manual_time.h"
 #include "platform/memory_user_defaults.h"
 #include "platform/platform.h"
 #include "platform/posix/folder_bundle.h"
@@ -65,20 +66,7 @@ public:
     [[nodiscard]] platform::PlainTextField& field() { return host.field; }
 
     /// Lets the time pass, stopping at every deadline on the way to run what is due then. The queues stand.
-    void advance(double seconds) {
-        // Sums of seconds that should be equal may differ in their last digits.
-        constexpr double SLACK = 1e-9;
-        const double end = clock.now() + seconds;
-        int turnsAtOnce = 0;
-        for (auto next = runLoop.nextDeadline(); next && *next <= end + SLACK;
-             next = runLoop.nextDeadline()) {
-            turnsAtOnce = *next > clock.now() ? 0 : turnsAtOnce + 1;
-            if (turnsAtOnce > MOST_TURNS) throw std::runtime_error("the run loop never comes to rest");
-            clock.advanceTo(*next);
-            runLoop.runDue();
-        }
-        clock.advanceTo(end);
-    }
+    void advance(double seconds) { platform::advance(clock, runLoop, seconds); }
 
     /// Runs the queues and the loop, without any time passing, until all have nothing left to do.
     void settle() {

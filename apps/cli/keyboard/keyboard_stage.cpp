@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/keyboard_stage.h"
+
+#include "keyboard/model/preference_keys.h"
+#include "language_files.h"
+#include "platform/manual_time.h"
+#include "platform/posix/thread_operation_queue.h"
+#include "ui/cairo/bitmap.h"
+#include "ui/cairo/drawing_resources.h"
+#include "ui/cairo/paint_window.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+namespace vorpel::cli {
+
+namespace {
+
+// How long a finger rests on a key, and until the next one comes down, in seconds.
+constexpr double PRESS = 0.06;
+constexpr double PAUSE = 0.5;
+
+// Upright, where only the width sideways is known.
+constexpr double USUAL_WIDTH = 375;
+
+std::vector<std::string> imageFolders() {
+    std::vector<std::string> folders;
+    for (const std::filesystem::path& folder : dataFolders()) folders.push_back((folder / "images").string());
+    return folders;
+}
+
+platform::PlainScreen screenOf(const StageShape& shape) {
+    const double width = shape.screenWidth > 0 ? shape.screenWidth : shape.width;
+    platform::PlainScreen screen(shape.isLandscape ? USUAL_WIDTH : width, width, shape.scale);
+    screen.setTurned(shape.isLandscape);
+    return screen;
+}
+
+}  // namespace
+
+/// Shows the bar only when asked to.
+class KeyboardStage::Controller final : public VorpelKeyboardViewController {
+public:
+    Controller(platform::Platform& platform, bool hasBar) : VorpelKeyboardViewController(platform) {
+        isBannerView = hasBar;
+        setUp();
+    }
+};
+
+KeyboardStage::KeyboardStage(const StageShape& shape)
+    : runLoop_(clock_),
+      bundle_(imageFolders()),
+      screen_(screenOf(shape)),
+      device_(shape.isPad ? platform::UserInterfaceIdiom::Pad : platform::UserInterfaceIdiom::Phone),
+      workQueue_(1),
+      platform_{.host = host_,
+                .runLoop = runLoop_,
+                .notificationCenter = notificationCenter_,
+                .userDefaults = userDefaults_,
+                .bundle = bundle_,
+                .screen = screen_,
+                .device = device_,
+                .globalQueue = workQueue_,
+                .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); }},
+      window_(runLoop_) {
+    if (!bundle_.pathForResource("gear", "svg")) {
+        throw std::runtime_error(
+            "gear.svg: not found in the images of the data folders; ./run puts it there");
+    }
+    userDefaults_.setString(preferences::LANGUAGE, shape.language);
+    host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
+                                          : platform::InterfaceOrientation::Portrait;
+    platform::TextInputTraits traits = shape.field;
+    if (shape.isDark) traits.keyboardAppearance = platform::KeyboardAppearance::Dark;
+    host_.field.setTraits(traits);
+    controller_ = std::make_unique<Controller>(platform_, shape.hasBar);
+    setHeights(shape);
+    window_.setRoot(&controller_->view());
+    controller_->viewDidLoad();
+    controller_->viewWillAppear();
+    controller_->viewDidLayoutSubviews();
+    controller_->viewDidAppear();
+    controller_->textDidChange();
+}
+
+KeyboardStage::~KeyboardStage() {
+    controller_->viewWillDisappear();
+    window_.setRoot(nullptr);
+}
+
+void KeyboardStage::setHeights(const StageShape& shape) {
+    if (shape.height > 0) controller_->originalKeyboardHeight = shape.height;
+    const double height =
+        controller_->getheightForOrientation(host_.orientation, shape.hasBar, false, false, true);
+    controller_->view().setFrame({0, 0, shape.width, height});
+}
+
+ui::Size KeyboardStage::size() {
+    return controller_->view().frame().size();
+}
+
+void KeyboardStage::advance(double seconds) {
+    platform::advance(clock_, runLoop_, seconds);
+}
+
+void KeyboardStage::tap(ui::Point point) {
+    constexpr int FINGER = 1;
+    window_.touchDown(FINGER, point);
+    advance(PRESS);
+    window_.touchUp(FINGER, point);
+    advance(PAUSE);
+}
+
+ui::Rect KeyboardStage::frameOf(const Key& key) {
+    const ui::View* const view = controller_->plane().layout->viewForKey(key);
+    if (!view) return {};
+    return view->bounds().offsetBy(view->convertToWindow({0, 0}));
+}
+
+void KeyboardStage::savePicture(const std::string& path) {
+    ui::Bitmap bitmap = ui::Bitmap::covering(size(), scale());
+    ui::DrawingResources resources(
+        scale(), [](const std::string& fault) { std::fprintf(stderr, "vorpel: %s\n", fault.c_str()); });
+    window_.damageAll();
+    paintWindow(window_, bitmap, resources);
+    bitmap.savePng(path);
+}
+
+platform::TextInputTraits traitsOfField(const std::string& field) {
+    using platform::KeyboardType;
+    platform::TextInputTraits traits;
+    traits.autocapitalizationType = platform::AutocapitalizationType::None;
+    traits.returnKeyType = platform::ReturnKeyType::Default;
+    traits.keyboardType = KeyboardType::Default;
+    if (field == "text") traits.autocapitalizationType = platform::AutocapitalizationType::Sentences;
+    if (field == "email") traits.keyboardType = KeyboardType::EmailAddress;
+    if (field == "url") traits.keyboardType = KeyboardType::Url;
+    if (field == "number") traits.keyboardType = KeyboardType::NumberPad;
+    return traits;
+}
+
+}  // namespace vorpel::cli

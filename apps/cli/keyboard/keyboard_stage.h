@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "platform/clock.h"
+#include "platform/memory_user_defaults.h"
+#include "platform/plain_text_field.h"
+#include "platform/platform.h"
+#include "platform/posix/folder_bundle.h"
+#include "platform/posix/thread_pool.h"
+#include "ui/window.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vorpel::cli {
+
+/// What a keyboard is put up for: measures in points.
+struct StageShape {
+    std::string language = "en";
+    double width = 375;
+    double height = 0;       ///< of the keys; 0 is what the device's rule says
+    double screenWidth = 0;  ///< 0 is the keyboard's own width
+    double scale = 2;
+    bool isPad = false;
+    bool isLandscape = false;
+    bool isDark = false;
+    bool hasBar = false;  ///< the bar above the keys is on show
+    platform::TextInputTraits field;
+};
+
+/// A keyboard before a text field, without a screen: time passes only when it is told to. Throws
+/// std::runtime_error when its pictures are not found.
+class KeyboardStage {
+public:
+    explicit KeyboardStage(const StageShape& shape);
+    ~KeyboardStage();
+
+    [[nodiscard]] VorpelKeyboardViewController& controller() { return *controller_; }
+    [[nodiscard]] ui::Window& window() { return window_; }
+    [[nodiscard]] platform::PlainTextField& field() { return host_.field; }
+    [[nodiscard]] double scale() const { return screen_.scale(); }
+
+    /// The whole keyboard, in points.
+    [[nodiscard]] ui::Size size();
+
+    void advance(double seconds);
+
+    /// A finger down and up again, in the window's points, and the time that takes.
+    void tap(ui::Point point);
+
+    /// The key's frame in the window's points, while it is on show.
+    [[nodiscard]] ui::Rect frameOf(const Key& key);
+
+    /// Paints everything and writes it as PNG.
+    void savePicture(const std::string& path);
+
+private:
+    class Controller;
+
+    struct Host final : platform::InputHost {
+        platform::PlainTextField field;
+        platform::InterfaceOrientation orientation = platform::InterfaceOrientation::Portrait;
+
+        platform::TextDocumentProxy& textDocumentProxy() override { return field; }
+        platform::InterfaceOrientation interfaceOrientation() const override { return orientation; }
+        void dismissKeyboard() override {}
+        void advanceToNextInputMode() override {}
+        void setPrimaryLanguage(const std::string& /*language*/) override {}
+        void setHeight(double /*height*/) override {}
+    };
+
+    void setHeights(const StageShape& shape);
+
+    platform::ManualClock clock_;
+    platform::RunLoop runLoop_;
+    platform::NotificationCenter notificationCenter_;
+    platform::MemoryUserDefaults userDefaults_;
+    platform::FolderBundle bundle_;
+    platform::PlainScreen screen_;
+    platform::PlainDevice device_;
+    platform::ThreadPool workQueue_;
+    Host host_;
+    platform::Platform platform_;
+    ui::Window window_;
+    std::unique_ptr<VorpelKeyboardViewController> controller_;
+};
+
+/// The traits of a field of text, email, url or number.
+platform::TextInputTraits traitsOfField(const std::string& field);
+
+}  // namespace vorpel::cli
