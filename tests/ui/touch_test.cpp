@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "ui/touch.h"
+
+#include "ui/button.h"
+#include "ui/control.h"
+#include "ui/tap_gesture.h"
+#include "ui_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vorpel::ui {
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr std::pair<ControlEvent, const char*> EVENT_NAMES[] = {
+    {ControlEvent::TouchDown, "down"},       {ControlEvent::TouchDownRepeat, "repeat"},
+    {ControlEvent::TouchDragInside, "drag"}, {ControlEvent::TouchDragOutside, "drag outside"},
+    {ControlEvent::TouchDragEnter, "enter"}, {ControlEvent::TouchDragExit, "exit"},
+    {ControlEvent::TouchUpInside, "up"},     {ControlEvent::TouchUpOutside, "up outside"},
+    {ControlEvent::TouchCancel, "cancel"},   {ControlEvent::ValueChanged, "value"},
+};
+
+class TouchTest : public UiTest {
+protected:
+    TouchTest() {
+        listen(*control, "");
+        root.addSubview(*control);
+    }
+
+    void listen(Control& sender, const std::string& prefix) {
+        for (const auto& [event, name] : EVENT_NAMES) {
+            sender.addTarget(this, "log", event,
+                             [this, text = prefix + name](Control&) { log.push_back(text); });
+        }
+    }
+
+    Names takeLog() { return std::exchange(log, {}); }
+
+    Names log;
+    std::unique_ptr<Control> control = std::make_unique<Control>(Rect{100, 100, 40, 40});
+};
+
+TEST_F(TouchTest, AFingerGoesThroughTheEventsOfAControl) {
+    struct Case {
+        const char* what;
+        std::vector<Point> moves;
+        Point up;
+        Names events;
+    };
+    const std::vector<Case> cases{
+        {"tap", {}, {120, 120}, {"down", "up"}},
+        {"rolls within", {{130, 130}}, {130, 130}, {"down", "drag", "up"}},
+        {"slips a little off, which still counts", {{160, 120}}, {160, 120}, {"down", "drag", "up"}},
+        {"leaves", {{200, 120}}, {200, 120}, {"down", "exit", "drag outside", "up outside"}},
+        {"leaves and comes back",
+         {{200, 120}, {210, 120}, {120, 120}},
+         {120, 120},
+         {"down", "exit", "drag outside", "drag outside", "enter", "drag", "up"}},
+        {"stands still", {{120, 120}}, {120, 120}, {"down", "up"}},
+    };
+    for (const Case& one : cases) {
+        advance(1);
+        window.touchDown(1, {120, 120});
+        EXPECT_TRUE(control->isHighlighted());
+        for (const Point move : one.moves) window.touchMoved(1, move);
+        window.touchUp(1, one.up);
+        EXPECT_EQ(takeLog(), one.events) << one.what;
+        EXPECT_FALSE(control->isHighlighted());
+    }
+}
+
+TEST_F(TouchTest, TapsCountWhenTheyFollowSoonAndNear) {
+    std::vector<int> counts;
+    control->addTarget(this, "count", ControlEvent::TouchDownRepeat, [&](Control&) { counts.push_back(0); });
+    tap({120, 120});
+    tap({120, 120});
+    tap({125, 125});
+    EXPECT_EQ(counts.size(), 2U);
+    advance(1);
+    tap({120, 120});
+    EXPECT_EQ(counts.size(), 2U) << "too late";
+    tap({103, 138});
+    EXPECT_EQ(counts.size(), 2U) << "too far";
+}
+
+TEST_F(TouchTest, EachFingerHoldsOneControl) {
+    Control other(Rect{200, 100, 40, 40});
+    listen(other, "other ");
+    root.addSubview(other);
+    window.touchDown(1, {120, 120});
+    window.touchDown(2, {220, 120});
+    window.touchDown(3, {125, 125});  // on a control that is held already
+    window.touchUp(1, {120, 120});
+    window.touchUp(3, {125, 125});
+    window.touchUp(2, {220, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "other down", "up", "other up"}));
+    EXPECT_EQ(window.touchCount(), 0U);
+}
+
+TEST_F(TouchTest, CancelsOnceWhenTheHostSaysSo) {
+    window.touchDown(1, {120, 120});
+    window.touchCancelled(1);
+    window.touchMoved(1, {130, 120});
+    window.touchUp(1, {120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
+
+    window.touchDown(1, {120, 120});
+    window.touchDown(1, {125, 125});  // the host lost the finger's end
+    advance(1);
+    window.cancelAllTouches();
+    EXPECT_EQ(takeLog(), (Names{"down", "repeat", "cancel", "down", "repeat", "cancel"}));
+}
+
+TEST_F(TouchTest, ACancelThatCancelsEverythingEnds) {
+    control->addTarget(this, "all", ControlEvent::TouchCancel, [&](Control&) { window.cancelAllTouches(); });
+    window.touchDown(1, {120, 120});
+    window.touchDown(2, {10, 10});
+    window.cancelAllTouches();
+    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
+    EXPECT_EQ(window.touchCount(), 0U);
+}
+
+TEST_F(TouchTest, ADisabledControlKeepsQuietAndLosesTheFingerItHad) {
+    window.touchDown(1, {120, 120});
+    control->setEnabled(false);
+    EXPECT_FALSE(control->isHighlighted());
+    window.touchUp(1, {120, 120});
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
+}
+
+TEST_F(TouchTest, AControlThatLeavesMidTouchIsReadyForTheNextFinger) {
+    window.touchDown(1, {120, 120});
+    control->removeFromSuperview();
+    EXPECT_FALSE(control->isHighlighted());
+    root.addSubview(*control);
+    window.touchUp(1, {120, 120});
+    EXPECT_EQ(takeLog(), Names{"down"});
+    advance(1);
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "up"}));
+}
+
+TEST_F(TouchTest, AControlWhoseContentIsTakenAwayMidTouchStillHearsTheEnd) {
+    auto decoration = std::make_unique<View>(control->bounds());
+    control->addSubview(*decoration);
+    window.touchDown(1, {120, 120});
+    decoration.reset();
+    window.touchMoved(1, {121, 120});
+    window.touchUp(1, {121, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "drag", "up"}));
+}
+
+TEST_F(TouchTest, AnActionMayDestroyItsControlAtAnyEvent) {
+    for (const auto& [event, name] : EVENT_NAMES) {
+        advance(1);
+        control = std::make_unique<Control>(Rect{100, 100, 40, 40});
+        root.addSubview(*control);
+        // The first of two: the one after it is gone with the control.
+        control->addTarget(this, "destroy", event, [this](Control&) { control.reset(); });
+        control->addTarget(this, "log", event, [this](Control&) { log.emplace_back("gone"); });
+        tap({120, 120});
+        window.touchDown(1, {120, 120});
+        window.touchMoved(1, {200, 120});
+        window.touchMoved(1, {120, 120});
+        window.touchMoved(1, {200, 120});
+        window.touchUp(1, {200, 120});
+        window.touchDown(1, {120, 120});
+        window.touchCancelled(1);
+        EXPECT_EQ(control == nullptr, event != ControlEvent::ValueChanged) << name;
+    }
+    EXPECT_EQ(takeLog(), Names{});
+}
+
+TEST_F(TouchTest, ARootDestroyedUnderAFingerLeavesNothingToTouch) {
+    auto ownRoot = std::make_unique<View>(Rect{0, 0, 320, 240});
+    ownRoot->addSubview(*control);
+    window.setRoot(ownRoot.get());
+    window.touchDown(1, {120, 120});
+    ownRoot.reset();
+    control.reset();
+    window.touchMoved(1, {130, 120});
+    window.touchUp(1, {130, 120});
+    EXPECT_EQ(takeLog(), Names{"down"});
+}
+
+TEST_F(TouchTest, ActionsRunInOrderWhateverTheyAddAndRemove) {
+    Control sender;
+    const auto add = [&](const int* target, const char* text, std::function<void()> then) {
+        sender.addTarget(target, "log", ControlEvent::ValueChanged, [this, text, then](Control&) {
+            log.emplace_back(text);
+            then();
+        });
+    };
+    const int marks[4] = {};
+    add(&marks[0], "removes itself", [&] { sender.removeTarget(&marks[0]); });
+    add(&marks[1], "removes the next", [&] { sender.removeTarget(&marks[2]); });
+    add(&marks[2], "is removed", [] {});
+    add(&marks[3], "adds one", [&] { add(&marks[0], "added", [] {}); });
+    sender.sendActions(ControlEvent::ValueChanged);
+    EXPECT_EQ(takeLog(), (Names{"removes itself", "removes the next", "adds one"}));
+    sender.sendActions(ControlEvent::ValueChanged);
+    EXPECT_EQ(takeLog(), (Names{"removes the next", "adds one", "added"}));
+}
+
+class TapGestureTest : public TouchTest {
+protected:
+    TapGestureTest() { gesture.attachTo(root); }
+    TapGesture gesture{[this](const Touch& touch) {
+        log.push_back(touch.view() == control.get() ? "tapped control" : "tapped");
+    }};
+};
+
+TEST_F(TapGestureTest, AShortTouchThatHardlyMovedIsATap) {
+    struct Case {
+        const char* what;
+        Point moved;
+        double seconds;
+        Names log;
+    };
+    for (const Case& one : {Case{"tap", {0, 0}, 0.1, {"tapped"}}, Case{"shaky", {6, 6}, 0.1, {"tapped"}},
+                            Case{"moved", {9, 9}, 0.1, {}}, Case{"held", {0, 0}, 0.8, {}}}) {
+        window.touchDown(1, {20, 20});
+        advance(one.seconds);
+        window.touchMoved(1, Point{20, 20} + one.moved);
+        window.touchUp(1, Point{20, 20} + one.moved);
+        EXPECT_EQ(takeLog(), one.log) << one.what;
+    }
+    window.touchDown(1, {20, 20});
+    window.touchMoved(1, {60, 20});
+    window.touchUp(1, {20, 20});
+    EXPECT_EQ(takeLog(), Names{}) << "moved and came back";
+}
+
+TEST_F(TapGestureTest, TwoFingersAndCancelledTouchesAreNoTap) {
+    window.touchDown(1, {20, 20});
+    window.touchDown(2, {60, 20});
+    window.touchUp(1, {20, 20});
+    window.touchUp(2, {60, 20});
+    window.touchDown(1, {20, 20});
+    window.touchCancelled(1);
+    EXPECT_EQ(takeLog(), Names{});
+    tap({20, 20});
+    EXPECT_EQ(takeLog(), Names{"tapped"});
+}
+
+TEST_F(TapGestureTest, SeesTouchesOnControlsBeforeThemUnlessItRefuses) {
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "tapped control", "up"}));
+    gesture.setShouldReceive([&](const Touch& touch) { return touch.view() != control.get(); });
+    advance(1);
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "up"}));
+}
+
+TEST_F(TapGestureTest, TheActionMayDestroyGestureAndView) {
+    auto view = std::make_unique<View>(Rect{0, 0, 50, 50});
+    root.addSubview(*view);
+    auto own = std::make_unique<TapGesture>([](const Touch&) {});
+    own = std::make_unique<TapGesture>([&](const Touch&) {
+        own.reset();
+        view.reset();
+    });
+    own->attachTo(*view);
+    tap({20, 20});
+    EXPECT_EQ(own, nullptr);
+    EXPECT_EQ(takeLog(), Names{"tapped"}) << "the one around it is told all the same";
+}
+
+TEST_F(TapGestureTest, ForgetsATouchWhoseViewHasLeft) {
+    View view(Rect{0, 0, 50, 50});
+    int taps = 0;
+    TapGesture own([&](const Touch&) { ++taps; });
+    own.attachTo(view);
+    root.addSubview(view);
+    window.touchDown(1, {20, 20});
+    view.removeFromSuperview();
+    window.touchUp(1, {20, 20});
+    root.addSubview(view);
+    EXPECT_EQ(taps, 0);
+    tap({20, 20});
+    EXPECT_EQ(taps, 1);
+    own.detach();
+    tap({20, 20});
+    EXPECT_EQ(taps, 1);
+}
+
+}  // namespace
+}  // namespace vorpel::ui
