@@ -3,6 +3,7 @@
 #include "ui/button.h"
 #include "ui/image_view.h"
 #include "ui/label.h"
+#include "ui/scroll_view.h"
 #include "ui/switch.h"
 #include "ui_fixture.h"
 
@@ -84,7 +85,7 @@ private:
     void grow() {
         if (views_.size() > 24) return;
         std::unique_ptr<View> view;
-        switch (below(5)) {
+        switch (below(6)) {
             case 0:
                 view = std::make_unique<Label>(randomRect());
                 break;
@@ -96,6 +97,9 @@ private:
                 break;
             case 3:
                 view = std::make_unique<ImageView>(randomRect());
+                break;
+            case 4:
+                view = std::make_unique<ScrollView>(randomRect());
                 break;
             default:
                 view = std::make_unique<HaloView>(randomRect());
@@ -111,6 +115,7 @@ private:
         for (const View* up = &parent; up; up = up->superview()) {
             if (up == &view) return root;
         }
+        if (auto* const scroll = dynamic_cast<ScrollView*>(&parent)) return scroll->contentView();
         return parent;
     }
 
@@ -135,6 +140,10 @@ private:
         if (auto* const control = dynamic_cast<Control*>(&view)) {
             control->setHighlighted(below(2) == 0);
             control->setEnabled(below(3) != 0);
+        }
+        if (auto* const scroll = dynamic_cast<ScrollView*>(&view)) {
+            scroll->setContentSize({double(below(60)), double(below(60))});
+            scroll->setContentOffset({below(40) / 2.0, below(40) / 2.0});
         }
         if (auto* const flip = dynamic_cast<Switch*>(&view)) flip->setOn(below(2) == 0);
         if (auto* const button = dynamic_cast<Button*>(&view)) changeButton(*button);

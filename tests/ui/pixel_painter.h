@@ -48,7 +48,7 @@ public:
         const double top = std::floor(damage.y);
         const Rect rect{left, top, std::ceil(damage.right()) - left, std::ceil(damage.bottom()) - top};
         clip(rect);
-        forEachPixel([&](int x, int y) {
+        forEachPixel(rect, [&](int x, int y) {
             if (clips_.back()[indexOf(x, y)] > 0) layers_.back()[indexOf(x, y)] = {};
         });
         return rect;
@@ -63,8 +63,10 @@ public:
     void translate(Point by) override { origin_ = origin_ + by; }
     void rotate(double) override {}
     void clip(const Rect& rect) override {
-        std::vector<double> clipped = clips_.back();
-        forEachPixel([&](int x, int y) { clipped[indexOf(x, y)] *= coverage(rect, x, y); });
+        std::vector<double> clipped(pixelCount());
+        forEachPixel(rect, [&](int x, int y) {
+            clipped[indexOf(x, y)] = clips_.back()[indexOf(x, y)] * coverage(rect, x, y);
+        });
         clips_.push_back(std::move(clipped));
     }
     void clip(const Path& path) override { clip(path.bounds()); }
@@ -77,7 +79,7 @@ public:
 
     void fill(const Rect& rect, const Color& color) override {
         const Pixel full = Pixel{color.red, color.green, color.blue, 1}.times(color.alpha);
-        forEachPixel([&](int x, int y) {
+        forEachPixel(rect, [&](int x, int y) {
             const double share = coverage(rect, x, y) * clips_.back()[indexOf(x, y)];
             if (share > 0) layers_.back()[indexOf(x, y)].putOver(full.times(share));
         });
@@ -114,10 +116,13 @@ private:
         const Rect shared = rect.offsetBy(origin_).intersection({double(x), double(y), 1, 1});
         return shared.width * shared.height;
     }
+    /// Those that the rectangle touches.
     template <typename Visit>
-    void forEachPixel(Visit visit) const {
-        for (int y = 0; y < height_; ++y) {
-            for (int x = 0; x < width_; ++x) visit(x, y);
+    void forEachPixel(const Rect& rect, Visit visit) const {
+        const Rect shown = rect.offsetBy(origin_).intersection({0, 0, double(width_), double(height_)});
+        if (shown.isEmpty()) return;
+        for (int y = int(shown.y); y < shown.bottom(); ++y) {
+            for (int x = int(shown.x); x < shown.right(); ++x) visit(x, y);
         }
     }
 
