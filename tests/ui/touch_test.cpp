@@ -272,6 +272,17 @@ TEST_F(TapGestureTest, TheActionMayDestroyGestureAndView) {
     EXPECT_EQ(takeLog(), Names{"tapped"}) << "the one around it is told all the same";
 }
 
+TEST_F(TapGestureTest, ATouchCancelledByARecognizerBeginsNowhere) {
+    gesture.setShouldReceive([&](const Touch&) {
+        window.cancelAllTouches();
+        return false;
+    });
+    window.touchDown(1, {120, 120});
+    EXPECT_FALSE(control->isHighlighted());
+    EXPECT_EQ(takeLog(), Names{});
+    EXPECT_EQ(window.touchCount(), 0U);
+}
+
 TEST_F(TapGestureTest, ForgetsATouchWhoseViewHasLeft) {
     View view(Rect{0, 0, 50, 50});
     int taps = 0;
