@@ -147,6 +147,12 @@ TEST(CairoTextTest, EmojiAreColouredAndSignsAreNot) {
     }
 }
 
+TEST(CairoTextTest, DigitsAndTheNumberSignAreOfTheLettersFace) {
+    // Emoji fonts have them too, twice as wide.
+    EXPECT_LT(widthOf("1234567890"), 10 * widthOf("n") * 1.1);
+    EXPECT_LT(widthOf("#"), 1.5 * widthOf("n"));
+}
+
 TEST(CairoTextTest, EverySignHasAGlyph) {
     ui::TextLayouts texts(1);
     for (const std::string text : {"❮❯➔↲×÷※•£€₹¥₩§¿¡…°«»“”‘’–—¬√π±≠≈∞",

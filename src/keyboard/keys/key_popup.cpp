@@ -15,7 +15,7 @@ using ui::Rect;
 
 // Between the popup and the edges of where it may be.
 constexpr double MARGIN = 2;
-constexpr double LEAST_HEIGHT = 44;
+constexpr double LEAST_HEIGHT = 40;
 constexpr double GREATEST_HEIGHT = 62;
 constexpr double SHADOW_BLUR = 4;
 constexpr double SHADOW_DROP = 1;
@@ -26,8 +26,10 @@ constexpr double BORDER = 0.5;
 }  // namespace
 
 void KeyPopup::place(const Rect& key, const Rect& room, const PopupMetrics& metrics) {
-    const double height =
-        std::clamp(metrics.totalHeight - key.height - metrics.gap, LEAST_HEIGHT, GREATEST_HEIGHT);
+    const double wanted = std::min(metrics.totalHeight - key.height - metrics.gap, GREATEST_HEIGHT);
+    // Lower where the keyboard ends soon above the key.
+    const double space = key.y - metrics.gap - room.y - MARGIN;
+    const double height = std::max(std::min(wanted, space), LEAST_HEIGHT);
     const double width = key.width + metrics.widthIncrement;
     const double leftmost = room.x + MARGIN;
     const double x = std::max(leftmost, std::min(key.center().x - width / 2, room.right() - MARGIN - width));

@@ -10,7 +10,7 @@ namespace vorpel {
 
 namespace {
 
-constexpr double TEXT_INSET = 3;
+constexpr double TEXT_INSET = 1;
 constexpr double LEAST_TEXT_SCALE = 0.5;
 constexpr double BORDER = 0.5;
 constexpr double SIGN_INSET = 8;

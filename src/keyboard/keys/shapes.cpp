@@ -79,7 +79,7 @@ void BackspaceShape::draw(ui::Painter& painter, const Rect& rect, const ui::Colo
 
 void GlobeShape::draw(ui::Painter& painter, const Rect& rect, const ui::Color& color) const {
     const Placement placement(rect);
-    const double thin = STROKE * 0.8;
+    const double thin = STROKE * 0.9;
     painter.stroke(placement.place(Path::ellipse({2.5, 2.5, 19, 19})), color, thin);
     painter.stroke(placement.place(Path::ellipse({7.8, 2.5, 8.4, 19})), color, thin);
     painter.stroke(placement.place(line({12, 2.5}, {12, 21.5})), color, thin);

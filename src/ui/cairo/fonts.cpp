@@ -3,16 +3,20 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace vorpel::ui {
 
 namespace {
 
 // The first is the face of the letters, for its true light weight; Noto Sans, its sibling, has signs such as
-// the rupee and the reference mark. Arabic is named before any font that happens to have it too. Emoji come
-// last: a sign that another font has in black is not to turn up in colour unless the text asks for it.
-constexpr std::array FAMILIES{"Open Sans",          "Noto Sans",         "Noto Sans Arabic", "Noto Sans Math",
-                              "Noto Sans Symbols2", "Noto Sans Symbols", "Noto Color Emoji"};
+// the rupee and the reference mark. Arabic is named before any font that happens to have it too.
+constexpr std::array FAMILIES{"Open Sans",      "Noto Sans",          "Noto Sans Arabic",
+                              "Noto Sans Math", "Noto Sans Symbols2", "Noto Sans Symbols"};
+
+// Pango finds it by itself for what is an emoji. Among the families above it would also take the digits and
+// the number sign, which are the beginnings of some.
+constexpr const char* EMOJI_FAMILY = "Noto Color Emoji";
 
 std::string joinFamilies() {
     std::string list;
@@ -25,8 +29,10 @@ std::string joinFamilies() {
 
 }  // namespace
 
-std::span<const char* const> systemFontFamilies() {
-    return FAMILIES;
+std::vector<const char*> systemFontFamilies() {
+    std::vector<const char*> families(FAMILIES.begin(), FAMILIES.end());
+    families.push_back(EMOJI_FAMILY);
+    return families;
 }
 
 const char* systemFontFamilyList() {

@@ -5,13 +5,13 @@
 
 #include <pango/pango.h>
 
-#include <span>
+#include <vector>
 
 namespace vorpel::ui {
 
 /// The families that make up the system font, the first that has a character's glyph before the others. This
 /// is the one place that names them.
-[[nodiscard]] std::span<const char* const> systemFontFamilies();
+[[nodiscard]] std::vector<const char*> systemFontFamilies();
 
 /// The same as one list with commas.
 [[nodiscard]] const char* systemFontFamilyList();
