@@ -162,6 +162,10 @@ void ForwardingView::touchesCancelled(ui::Touches touches) {
     }
 }
 
+void ForwardingView::didMoveToWindow() {
+    if (!window()) resetTrackedViews();
+}
+
 // The names are not those that the controller registers: only a subclass that names its actions so is known.
 bool ForwardingView::isBackspaceButton(const ui::View* view) const {
     return hasActionNamed(view, ControlEvent::TouchDown, "backspaceDown:");

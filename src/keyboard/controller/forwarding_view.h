@@ -66,6 +66,9 @@ public:
     virtual void performCursorMovement(double currentTime, ui::Point currentLoc);
 
 protected:
+    /// The rest of the touches will not be told here.
+    void didMoveToWindow() override;
+
     // A subclass may time a press: a short one on the key it times opens the emoji keyboard.
     bool timerOn = false;
     platform::Timer timer;

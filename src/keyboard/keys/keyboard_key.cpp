@@ -10,15 +10,18 @@ namespace vorpel {
 
 namespace {
 
-constexpr double TEXT_INSET = 1;
+// A letter may come close to the edges; a word needs air.
+constexpr double LETTER_INSET = 1;
+constexpr double WORD_INSET = 4;
 constexpr double LEAST_TEXT_SCALE = 0.5;
 constexpr double BORDER = 0.5;
-constexpr double SIGN_INSET = 8;
-constexpr double LARGEST_IMAGE = 24;
+constexpr double LEAST_SIGN_MARGIN = 5;
+constexpr double LARGEST_SIGN = 23;
 
-/// A square for a picture in the middle of the face.
-ui::Rect imageRect(const ui::Rect& bounds) {
-    const double side = std::min({LARGEST_IMAGE, bounds.width - 4, bounds.height - SIGN_INSET});
+/// A square for a shape or a picture in the middle of the face.
+ui::Rect signRect(const ui::Rect& bounds) {
+    const double room = std::min(bounds.width, bounds.height) - 2 * LEAST_SIGN_MARGIN;
+    const double side = std::clamp(room, 0.0, LARGEST_SIGN);
     return {bounds.center().x - side / 2, bounds.center().y - side / 2, side, side};
 }
 
@@ -28,15 +31,11 @@ KeyboardKey::KeyboardKey() {
     setUserInteractionEnabled(false);
 }
 
-void KeyboardKey::setText(const std::string& text) {
-    if (text == text_) return;
+void KeyboardKey::setText(const std::string& text, double fontSize, CapKind kind) {
+    if (text == text_ && fontSize == fontSize_ && kind == kind_) return;
     text_ = text;
-    setNeedsDisplay();
-}
-
-void KeyboardKey::setFontSize(double size) {
-    if (size == fontSize_) return;
-    fontSize_ = size;
+    fontSize_ = fontSize;
+    kind_ = kind;
     setNeedsDisplay();
 }
 
@@ -83,7 +82,7 @@ void KeyboardKey::draw(ui::Painter& painter) {
 
 void KeyboardKey::drawFace(ui::Painter& painter, const ui::Color& color) {
     if (shape_) {
-        shape_->draw(painter, bounds().insetBy(4, SIGN_INSET), color);
+        shape_->draw(painter, signRect(bounds()), color);
         return;
     }
     if (text_.empty()) return;
@@ -91,7 +90,7 @@ void KeyboardKey::drawFace(ui::Painter& painter, const ui::Color& color) {
     style.font.size = fontSize_;
     style.color = color;
     style.minimumScale = LEAST_TEXT_SCALE;
-    painter.drawText(text_, bounds().insetBy(TEXT_INSET, 0), style);
+    painter.drawText(text_, bounds().insetBy(kind_ == CapKind::Word ? WORD_INSET : LETTER_INSET, 0), style);
 }
 
 ui::EdgeInsets KeyboardKey::drawingOutsets() const {
@@ -115,7 +114,7 @@ void ImageKey::drawFace(ui::Painter& painter, const ui::Color& color) {
         KeyboardKey::drawFace(painter, color);
         return;
     }
-    painter.drawImage(image_, imageRect(bounds()), color);
+    painter.drawImage(image_, signRect(bounds()), color);
 }
 
 }  // namespace vorpel

@@ -27,9 +27,10 @@ class KeyboardKey : public ui::Control {
 public:
     KeyboardKey();
 
+    enum class CapKind { Letter, Word };
+
     [[nodiscard]] const std::string& text() const { return text_; }
-    void setText(const std::string& text);
-    void setFontSize(double size);
+    void setText(const std::string& text, double fontSize, CapKind kind);
 
     /// Not owned; null draws the text. `shapeChanged` is for a shape that looks different now.
     [[nodiscard]] Shape* shape() const { return shape_; }
@@ -61,6 +62,7 @@ private:
 
     std::string text_;
     double fontSize_ = 16;
+    CapKind kind_ = CapKind::Word;
     Shape* shape_ = nullptr;
     KeyColors colors_;
     PopupMetrics popupMetrics_;

@@ -19,14 +19,13 @@ constexpr double STROKE = 1.5;
 
 // Signs are drawn on a sheet of this size and then put in place.
 constexpr double SHEET = 24;
-constexpr double LARGEST_SIGN = 22;
 
 struct Placement {
     double scale;
     Point origin;
 
     explicit Placement(const Rect& rect)
-        : scale(std::min({rect.width, rect.height, LARGEST_SIGN}) / SHEET),
+        : scale(std::min(rect.width, rect.height) / SHEET),
           origin{rect.center().x - SHEET * scale / 2, rect.center().y - SHEET * scale / 2} {}
 
     [[nodiscard]] Path place(Path path) const {
@@ -90,6 +89,25 @@ void GlobeShape::draw(ui::Painter& painter, const Rect& rect, const ui::Color& c
         parallel.curveTo({8.4, 12 - bend * 4}, {15.6, 12 - bend * 4}, {19.4, 12 - bend * 6});
         painter.stroke(placement.place(parallel), color, thin);
     }
+}
+
+void ChevronShape::draw(ui::Painter& painter, const Rect& rect, const ui::Color& color) const {
+    const Placement placement(rect);
+    const double tip = direction_ == Direction::Left ? 8 : 16;
+    const double ends = SHEET - tip;
+    painter.stroke(placement.place(polygon({{ends, 4}, {tip, 12}, {ends, 20}}, false)), color, STROKE);
+}
+
+void ArrowShape::draw(ui::Painter& painter, const Rect& rect, const ui::Color& color) const {
+    const Placement placement(rect);
+    painter.stroke(placement.place(line({3, 12}, {20.5, 12})), color, STROKE);
+    painter.stroke(placement.place(polygon({{14, 5.5}, {20.5, 12}, {14, 18.5}}, false)), color, STROKE);
+}
+
+void ReturnShape::draw(ui::Painter& painter, const Rect& rect, const ui::Color& color) const {
+    const Placement placement(rect);
+    painter.stroke(placement.place(polygon({{20, 5.5}, {20, 14.5}, {4, 14.5}}, false)), color, STROKE);
+    painter.stroke(placement.place(polygon({{9, 9.5}, {4, 14.5}, {9, 19.5}}, false)), color, STROKE);
 }
 
 }  // namespace vorpel

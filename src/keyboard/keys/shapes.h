@@ -26,20 +26,51 @@ public:
 
     [[nodiscard]] bool withLock() const { return withLock_; }
     void setWithLock(bool withLock) { withLock_ = withLock; }
-    void setFilled(bool filled) { filled_ = filled; }
+
+    /// Returns whether it looks different now.
+    bool setState(bool filled, bool withLock) {
+        const bool changed = filled != filled_ || withLock != withLock_;
+        filled_ = filled;
+        withLock_ = withLock;
+        return changed;
+    }
 
 private:
     bool withLock_ = false;
     bool filled_ = false;
 };
 
-/// A tag that points to what is deleted, with a cross in it; filled while it is held.
+/// A tag that points to what is deleted, with a cross in it.
 class BackspaceShape final : public Shape {
 public:
     void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
 };
 
 class GlobeShape final : public Shape {
+public:
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+};
+
+/// The arrow of a key that moves the cursor.
+class ChevronShape final : public Shape {
+public:
+    enum class Direction { Left, Right };
+
+    explicit ChevronShape(Direction direction) : direction_(direction) {}
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+
+private:
+    Direction direction_;
+};
+
+/// The arrow of a return key that goes on to somewhere.
+class ArrowShape final : public Shape {
+public:
+    void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
+};
+
+/// The bent arrow of a return key that ends a line.
+class ReturnShape final : public Shape {
 public:
     void draw(ui::Painter& painter, const ui::Rect& rect, const ui::Color& color) const override;
 };

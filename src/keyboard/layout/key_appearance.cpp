@@ -39,6 +39,47 @@ const char* imageName(KeyType type) {
     }
 }
 
+/// The sign that is drawn in place of a cap.
+std::optional<ShapeClass> shapeOf(const Key& model) {
+    switch (model.type) {
+        case KeyType::Shift:
+            return ShapeClass::Shift;
+        case KeyType::Backspace:
+            return ShapeClass::Backspace;
+        case KeyType::KeyboardChange:
+            return ShapeClass::Globe;
+        case KeyType::adjust_Left:
+            return ShapeClass::ChevronLeft;
+        case KeyType::adjust_Right:
+            return ShapeClass::ChevronRight;
+        default:
+            break;
+    }
+    const std::string cap = model.isReturn() ? model.keyCapForCase(true) : "";
+    if (cap == "➔") return ShapeClass::Arrow;
+    return cap == "↲" ? std::optional(ShapeClass::Return) : std::nullopt;
+}
+
+std::unique_ptr<Shape> makeShape(ShapeClass shapeClass) {
+    switch (shapeClass) {
+        case ShapeClass::Shift:
+            return std::make_unique<ShiftShape>();
+        case ShapeClass::Backspace:
+            return std::make_unique<BackspaceShape>();
+        case ShapeClass::Globe:
+            return std::make_unique<GlobeShape>();
+        case ShapeClass::ChevronLeft:
+            return std::make_unique<ChevronShape>(ChevronShape::Direction::Left);
+        case ShapeClass::ChevronRight:
+            return std::make_unique<ChevronShape>(ChevronShape::Direction::Right);
+        case ShapeClass::Arrow:
+            return std::make_unique<ArrowShape>();
+        case ShapeClass::Return:
+            return std::make_unique<ReturnShape>();
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 void KeyboardLayout::updateKeyAppearance() {
@@ -57,15 +98,16 @@ void KeyboardLayout::updateKeyCaps(bool fullReset, bool uppercase, bool characte
 void KeyboardLayout::updateKeyCap(ImageKey& key, const Key& model, bool fullReset, bool uppercase,
                                   bool characterUppercase, ShiftState shiftState) {
     if (fullReset) {
-        key.setShape(getShape(model.type));
+        const auto shapeClass = shapeOf(model);
+        key.setShape(shapeClass ? getShape(*shapeClass) : nullptr);
         key.setImage(imageFor(model.type));
     }
     if (model.type == KeyType::Shift) {
         auto* const shape = static_cast<ShiftShape*>(key.shape());
         key.setHighlighted(vorpel::uppercase(shiftState));
-        shape->setFilled(vorpel::uppercase(shiftState));
-        shape->setWithLock(shiftState == ShiftState::Locked);
-        key.shapeChanged();
+        const bool filled = vorpel::uppercase(shiftState);
+        const bool locked = shiftState == ShiftState::Locked;
+        if (shape->setState(filled, locked)) key.shapeChanged();
     }
     updateKeyCapText(key, model, uppercase, characterUppercase);
 }
@@ -73,16 +115,14 @@ void KeyboardLayout::updateKeyCap(ImageKey& key, const Key& model, bool fullRese
 void KeyboardLayout::updateKeyCapText(ImageKey& key, const Key& model, bool uppercase,
                                       bool characterUppercase) {
     const std::string cap = model.keyCapForCase(model.isCharacter() ? characterUppercase : uppercase);
-    key.setFontSize(platform::characterCount(cap) == 1 ? CHARACTER_FONT_SIZE : WORD_FONT_SIZE);
-    key.setText(cap);
+    const bool isWord = platform::characterCount(cap) != 1;
+    key.setText(cap, isWord ? WORD_FONT_SIZE : CHARACTER_FONT_SIZE,
+                isWord ? KeyboardKey::CapKind::Word : KeyboardKey::CapKind::Letter);
 }
 
-Shape* KeyboardLayout::getShape(KeyType type) {
-    auto& shape = shapePool_[type];
-    if (shape) return shape.get();
-    if (type == KeyType::Shift) shape = std::make_unique<ShiftShape>();
-    if (type == KeyType::Backspace) shape = std::make_unique<BackspaceShape>();
-    if (type == KeyType::KeyboardChange) shape = std::make_unique<GlobeShape>();
+Shape* KeyboardLayout::getShape(ShapeClass shapeClass) {
+    auto& shape = shapePool_[shapeClass];
+    if (!shape) shape = makeShape(shapeClass);
     return shape.get();
 }
 

@@ -26,6 +26,9 @@ struct LayoutParts {
     const platform::UserDefaults& userDefaults;
 };
 
+/// The signs that keys have in place of a cap.
+enum class ShapeClass { Shift, Backspace, Globe, ChevronLeft, ChevronRight, Arrow, Return };
+
 /// The geometry of the page on show; the three lists are parallel, in no order that may be relied on.
 struct PageGeometry {
     std::vector<const Key*> keys;
@@ -83,8 +86,8 @@ protected:
     virtual std::unique_ptr<ImageKey> createNewKey();
     virtual void resetKeyPool();
 
-    /// One shape of each class; null for a key that has none.
-    virtual Shape* getShape(Key::KeyType type);
+    /// The one shape of its class that all keys share.
+    virtual Shape* getShape(ShapeClass shapeClass);
 
 private:
     void apply(ImageKey& view, const Key& key, const ui::Rect& frame);
@@ -106,7 +109,7 @@ private:
     std::unordered_map<const Key*, ImageKey*> modelToView_;
     std::unordered_map<const ui::View*, const Key*> viewToModel_;
     std::unordered_map<const Key*, ImageKey*> nonPooledMap_;  // while pooling is off
-    std::map<Key::KeyType, std::unique_ptr<Shape>> shapePool_;
+    std::map<ShapeClass, std::unique_ptr<Shape>> shapePool_;
 };
 
 }  // namespace vorpel
