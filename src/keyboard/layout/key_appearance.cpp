@@ -138,7 +138,7 @@ void KeyboardLayout::setAppearanceForKey(ImageKey& key, const Key& model, bool d
         setAppearanceForOtherKey(key, model, darkMode, solidColorMode);
         return;
     }
-    KeyColors colors = builtInColors(model, darkMode, solidColorMode);
+    KeyColors colors = builtInColors(darkMode, solidColorMode);
     if (isThemed()) applyTheme(colors);
     key.setColors(colors);
 }
@@ -146,7 +146,7 @@ void KeyboardLayout::setAppearanceForKey(ImageKey& key, const Key& model, bool d
 void KeyboardLayout::setAppearanceForOtherKey(ImageKey& key, const Key& model, bool darkMode,
                                               bool solidColorMode) {
     const GlobalColors& global = parts_.colors;
-    KeyColors colors = builtInColors(model, darkMode, solidColorMode);
+    KeyColors colors = builtInColors(darkMode, solidColorMode);
     const ui::Color regular = global.regularKey(darkMode, solidColorMode);
     colors.face = global.specialKey(darkMode, solidColorMode);
     colors.faceDown = regular;
@@ -161,12 +161,11 @@ void KeyboardLayout::setAppearanceForOtherKey(ImageKey& key, const Key& model, b
     key.setColors(colors);
 }
 
-KeyColors KeyboardLayout::builtInColors(const Key& model, bool darkMode, bool solidColorMode) const {
+KeyColors KeyboardLayout::builtInColors(bool darkMode, bool solidColorMode) const {
     const GlobalColors& global = parts_.colors;
     KeyColors colors;
     colors.face = global.regularKey(darkMode, solidColorMode);
-    // A character's popup tells that it is held; other keys change their ground.
-    colors.faceDown = model.isCharacter() ? colors.face : global.specialKey(darkMode, solidColorMode);
+    colors.faceDown = global.specialKey(darkMode, solidColorMode);
     colors.text = colors.textDown = colors.popupText =
         darkMode ? global.darkModeTextColor() : global.lightModeTextColor();
     colors.border = ui::Color::clear();

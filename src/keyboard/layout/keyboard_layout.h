@@ -96,7 +96,7 @@ private:
     void showPage(int pageNum);
     [[nodiscard]] std::string imageFor(Key::KeyType type) const;
     [[nodiscard]] bool isThemed() const;
-    [[nodiscard]] KeyColors builtInColors(const Key& model, bool darkMode, bool solidColorMode) const;
+    [[nodiscard]] KeyColors builtInColors(bool darkMode, bool solidColorMode) const;
     void applyTheme(KeyColors& colors) const;
 
     LayoutParts parts_;
