@@ -12,7 +12,6 @@ constexpr double SLIDE_SECONDS = 0.2;
 constexpr double KNOB_MARGIN = 2;
 constexpr double DISABLED_ALPHA = 0.5;
 
-constexpr Color OFF_TRACK = Color::rgb(0.89, 0.89, 0.91);
 constexpr Shadow KNOB_SHADOW{Color::black(0.25), {0, 2}, 3};
 
 // What of the knob's shadow lies outside the track.
@@ -49,6 +48,12 @@ void Switch::setOnTintColor(const Color& color) {
     if (position_ > 0) setNeedsDisplay();
 }
 
+void Switch::setOffTintColor(const Color& color) {
+    if (color == offTint_) return;
+    offTint_ = color;
+    if (position_ < 1) setNeedsDisplay();
+}
+
 void Switch::setPosition(double position) {
     if (position == position_) return;
     position_ = position;
@@ -82,7 +87,7 @@ void Switch::drawTrackAndKnob(Painter& painter) const {
     const double travel = SIZE.width - 2 * KNOB_MARGIN - diameter;
     const Path knob = Path::ellipse(
         {track.x + KNOB_MARGIN + travel * position_, track.y + KNOB_MARGIN, diameter, diameter});
-    painter.fill(Path::roundedRect(track, SIZE.height / 2), mix(OFF_TRACK, onTint_, position_));
+    painter.fill(Path::roundedRect(track, SIZE.height / 2), mix(offTint_, onTint_, position_));
     painter.drawShadow(knob, KNOB_SHADOW);
     painter.fill(knob, Color::white());
 }

@@ -23,6 +23,9 @@ public:
     /// The track's colour when on.
     void setOnTintColor(const Color& color);
 
+    /// The track's colour when off; at first a light grey, for light surroundings.
+    void setOffTintColor(const Color& color);
+
     /// Where the knob is on its way, from 0 (off) to 1.
     [[nodiscard]] double knobPosition() const { return position_; }
 
@@ -39,6 +42,7 @@ private:
     bool on_ = false;
     double position_ = 0;
     Color onTint_ = Color::rgb(0.30, 0.69, 0.42);
+    Color offTint_ = Color::rgb(0.89, 0.89, 0.91);
     Animation slide_;
 };
 

@@ -15,6 +15,7 @@ public:
 
     [[nodiscard]] Label& titleLabel() { return title_; }
     [[nodiscard]] Label& noteLabel() { return note_; }
+    [[nodiscard]] const Label& noteLabel() const { return note_; }
 
     /// Keeps its own size, on the middle of the row.
     void setAccessory(std::unique_ptr<View> accessory);

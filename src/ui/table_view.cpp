@@ -6,6 +6,7 @@
 #include "ui/touch.h"
 #include "ui/window.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vorpel::ui {
@@ -72,6 +73,12 @@ void TableView::setColors(const TableColors& colors) {
     applyColors();
 }
 
+void TableView::setSideInset(double inset) {
+    if (inset == sideInset_) return;
+    sideInset_ = inset;
+    setNeedsLayout();
+}
+
 void TableView::applyColors() {
     for (const Section& section : sections_) {
         section.title->setTextColor(colors_.sectionText);
@@ -100,21 +107,22 @@ void TableView::layoutSubviews() {
 }
 
 double TableView::layoutSection(Section& section, double top, Painter& painter) {
-    const double width = bounds().width;
+    const double width = std::max(0.0, bounds().width - 2 * sideInset_);
+    const double textLeft = sideInset_ + SIDE_MARGIN;
     const double textWidth = width - 2 * SIDE_MARGIN;
     if (!section.title->text().empty()) {
-        section.title->setFrame({SIDE_MARGIN, top + TITLE_TOP, textWidth, TITLE_HEIGHT});
+        section.title->setFrame({textLeft, top + TITLE_TOP, textWidth, TITLE_HEIGHT});
         top += TITLE_TOP + TITLE_HEIGHT + TITLE_GAP;
     }
     for (const auto& cell : section.cells) {
         const double height = cell->heightForWidth(width, painter);
-        cell->setFrame({0, top, width, height});
+        cell->setFrame({sideInset_, top, width, height});
         top += height;
     }
     const Label& footer = *section.footer;
     if (footer.text().empty()) return top;
     const double height = painter.measureParagraph(footer.text(), textWidth, footer.font()).height;
-    section.footer->setFrame({SIDE_MARGIN, top + FOOTER_GAP, textWidth, height});
+    section.footer->setFrame({textLeft, top + FOOTER_GAP, textWidth, height});
     return top + FOOTER_GAP + height;
 }
 

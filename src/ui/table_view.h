@@ -62,6 +62,9 @@ public:
     void reloadData();
     void setColors(const TableColors& colors);
 
+    /// What is left free at both sides of the rows, in points; a finger scrolls there too.
+    void setSideInset(double inset);
+
     /// Null when there is no such row.
     [[nodiscard]] TableCell* cellForRow(const RowPath& path) const;
 
@@ -82,6 +85,7 @@ private:
 
     TableDataSource* source_ = nullptr;
     TableColors colors_;
+    double sideInset_ = 0;
     std::vector<Section> sections_;
     TapGesture tap_;
 };
