@@ -151,9 +151,11 @@ void KeyboardViewController::toggleSettings(bool hide) {
     if (!settingsView_) {
         settingsView_ = std::make_unique<DefaultSettings>(*globalColors_, darkMode(), solidColorMode(),
                                                           platform().userDefaults);
+        settingsView_->setCloseHandler([this] { toggleSettings(true); });
     }
     plane().forwardingView->resetTrackedViews();
     settingsView_->updateAppearance(darkMode());
+    settingsView_->reload();
     settingsView_->setFrame(plane().forwardingView->frame());
     view_.addSubview(*settingsView_);
 }

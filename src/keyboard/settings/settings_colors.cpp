@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/settings/settings_colors.h"
+
+#include "keyboard/model/preference_keys.h"
+#include "keyboard/theme/hex_color.h"
+
+namespace vorpel {
+
+namespace {
+
+constexpr ui::Color LIGHT_GROUND = ui::Color::rgb(0.925, 0.933, 0.945);
+constexpr ui::Color DARK_GROUND = ui::Color::black();
+
+// Shares of the text's colour, so that they suit any card.
+constexpr double QUIET_ALPHA = 0.6;
+constexpr double LINE_ALPHA = 0.15;
+constexpr double OFF_TRACK_ALPHA = 0.2;
+
+void applyTheme(SettingsColors& colors, const platform::UserDefaults& defaults) {
+    const auto apply = [&](const char* key, ui::Color& color) {
+        if (const auto hex = defaults.stringForKey(key)) color = hexStringToUIColor(*hex);
+    };
+    apply(preferences::KEYBOARD_BACKGROUND_COLOR, colors.ground);
+    apply(preferences::KEY_COLOR, colors.card);
+    apply(preferences::KEY_TEXT_COLOR, colors.text);
+    // A theme says of no colour but that of its key caps that it can be read.
+    colors.button = colors.text;
+}
+
+}  // namespace
+
+SettingsColors SettingsColors::of(const GlobalColors& global, SettingsLook look,
+                                  const platform::UserDefaults& defaults) {
+    SettingsColors colors;
+    colors.ground = look.darkMode ? DARK_GROUND : LIGHT_GROUND;
+    // In the dark the faces of letters are too bright for so large an area.
+    colors.card = look.darkMode ? global.specialKey(true, look.solidColorMode)
+                                : global.regularKey(false, look.solidColorMode);
+    colors.text = look.darkMode ? global.darkModeTextColor() : global.lightModeTextColor();
+    colors.accent = colors.button = global.returnKeySolidBlueColor();
+    if (defaults.boolForKey(preferences::IS_KEYBOARD_THEME)) applyTheme(colors, defaults);
+    colors.quietText = colors.text.withAlpha(colors.text.alpha * QUIET_ALPHA);
+    colors.line = colors.text.withAlpha(colors.text.alpha * LINE_ALPHA);
+    colors.offTrack = colors.text.withAlpha(colors.text.alpha * OFF_TRACK_ALPHA);
+    return colors;
+}
+
+}  // namespace vorpel
