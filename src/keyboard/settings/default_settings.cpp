@@ -101,7 +101,7 @@ void DefaultSettings::applyColors() {
 void DefaultSettings::layoutSubviews() {
     const auto [width, height] = bounds().size();
     const double bar = height < LOW_BELOW_HEIGHT ? LOW_BAR_HEIGHT : BAR_HEIGHT;
-    const double inset = std::max(SIDE_MARGIN, std::floor((width - GREATEST_ROW_WIDTH) / 2));
+    const double inset = std::max(SIDE_MARGIN, std::ceil((width - GREATEST_ROW_WIDTH) / 2));
     const double right = width - inset;
     title_.setFrame({inset + DONE_WIDTH, 0, std::max(0.0, width - 2 * (inset + DONE_WIDTH)), bar});
     doneButton_.setFrame({right - DONE_WIDTH + SIDE_MARGIN, 0, DONE_WIDTH, bar});

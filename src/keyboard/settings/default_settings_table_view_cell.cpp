@@ -76,8 +76,10 @@ double DefaultSettingsTableViewCell::heightForWidth(double width, ui::Painter& p
 void DefaultSettingsTableViewCell::layoutSubviews() {
     const double width = std::max(0.0, bounds().width - 2 * SIDE_MARGIN);
     const ui::Size size = ui::Switch::SIZE;
+    // As far from the row's upper edge as from the note.
+    const double titleTop = TITLE_ROW_HEIGHT - NOTE_TOP;
     titleLabel().setFrame(
-        {SIDE_MARGIN, 0, std::max(0.0, width - size.width - SIDE_MARGIN), TITLE_ROW_HEIGHT});
+        {SIDE_MARGIN, titleTop, std::max(0.0, width - size.width - SIDE_MARGIN), NOTE_TOP - titleTop});
     switch_->setFrame(
         {SIDE_MARGIN + width - size.width, (TITLE_ROW_HEIGHT - size.height) / 2, size.width, size.height});
     noteLabel().setFrame(

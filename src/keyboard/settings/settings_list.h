@@ -21,16 +21,16 @@ struct SettingsText {
     const char* text;
 };
 
-constexpr std::array LANGUAGE_SETTINGS{preferences::kArabic, preferences::kEnglish};
-constexpr std::array DICTIONARY_SETTINGS{preferences::kWordSuggestions, preferences::kAutoCorrection};
-constexpr std::array GENERAL_SETTINGS{preferences::kAutoCapitalization, preferences::kKeyboardClicks,
-                                      preferences::kSmallLowercase};
+inline constexpr std::array LANGUAGE_SETTINGS{preferences::kArabic, preferences::kEnglish};
+inline constexpr std::array DICTIONARY_SETTINGS{preferences::kWordSuggestions, preferences::kAutoCorrection};
+inline constexpr std::array GENERAL_SETTINGS{preferences::kAutoCapitalization, preferences::kKeyboardClicks,
+                                             preferences::kSmallLowercase};
 
-constexpr std::array settingsList{SettingsSection{"LANGUAGES", LANGUAGE_SETTINGS},
-                                  SettingsSection{"DICTIONARY SETTINGS", DICTIONARY_SETTINGS},
-                                  SettingsSection{"GENERAL SETTINGS", GENERAL_SETTINGS}};
+inline constexpr std::array settingsList{SettingsSection{"LANGUAGES", LANGUAGE_SETTINGS},
+                                         SettingsSection{"DICTIONARY SETTINGS", DICTIONARY_SETTINGS},
+                                         SettingsSection{"GENERAL SETTINGS", GENERAL_SETTINGS}};
 
-constexpr std::array settingsNames{
+inline constexpr std::array settingsNames{
     SettingsText{preferences::kArabic, "Arabic"},
     SettingsText{preferences::kEnglish, "English"},
     SettingsText{preferences::kWordSuggestions, "Word Suggestions"},
@@ -40,7 +40,7 @@ constexpr std::array settingsNames{
     SettingsText{preferences::kSmallLowercase, "Allow Lowercase Key Caps"},
 };
 
-constexpr std::array settingsNotes{
+inline constexpr std::array settingsNotes{
     SettingsText{preferences::kKeyboardClicks,
                  "Please note that keyboard clicks will work only if “Allow Full Access” is enabled in the "
                  "keyboard settings. Unfortunately, this is a limitation of the operating system."},
