@@ -86,19 +86,23 @@ TEST_F(DefaultSettingsTest, AFingerThatScrollsTurnsNothing) {
 }
 
 TEST_F(DefaultSettingsTest, WithoutSuggestionsCorrectionIsOffOnShowAndStaysAsItIsStored) {
-    defaults().setBool(preferences::kAutoCorrection, true);
-    open();
-    tapSwitch(SUGGESTIONS_ROW);
-    EXPECT_EQ(switches(), "01 00 101");
-    EXPECT_FALSE(cell(CORRECTION_ROW).settingSwitch().isEnabled());
-    tapSwitch(CORRECTION_ROW);
-    tapTitle(CORRECTION_ROW);
-    EXPECT_EQ(switches(), "01 00 101");
-    EXPECT_TRUE(defaults().boolForKey(preferences::kAutoCorrection));
+    for (const bool stored : {false, true}) {
+        SCOPED_TRACE(stored);
+        const std::string shown = stored ? "01 11 101" : "01 10 101";
+        defaults().setBool(preferences::kAutoCorrection, stored);
+        open();
+        tapSwitch(SUGGESTIONS_ROW);
+        EXPECT_EQ(switches(), "01 00 101");
+        EXPECT_FALSE(cell(CORRECTION_ROW).settingSwitch().isEnabled());
+        tapSwitch(CORRECTION_ROW);
+        tapTitle(CORRECTION_ROW);
+        EXPECT_EQ(switches(), "01 00 101");
+        EXPECT_EQ(defaults().boolForKey(preferences::kAutoCorrection), stored);
 
-    tapSwitch(SUGGESTIONS_ROW);
-    EXPECT_EQ(switches(), "01 11 101");
-    EXPECT_TRUE(cell(CORRECTION_ROW).settingSwitch().isEnabled());
+        tapSwitch(SUGGESTIONS_ROW);
+        EXPECT_EQ(switches(), shown);
+        EXPECT_TRUE(cell(CORRECTION_ROW).settingSwitch().isEnabled());
+    }
 }
 
 TEST_F(DefaultSettingsTest, ExactlyOneLanguageIsOn) {
