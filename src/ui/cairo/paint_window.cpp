@@ -8,6 +8,8 @@
 namespace vorpel::ui {
 
 Rect paintWindow(Window& window, Bitmap& bitmap, DrawingResources& resources) {
+    // A frame in which nothing changed takes nothing from the heap.
+    if (!window.needsPaint()) return {};
     const ContextHandle context(cairo_create(bitmap.surface()));
     Rect repainted;
     {

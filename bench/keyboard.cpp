@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: Apache-2.0
+// How long the keyboard takes to be there, to be drawn, and to answer a finger. The figures are milliseconds
+// on the wall; beside them stands how often the same picture could have been filled with one colour.
+#include "keyboard/key_finder.h"
+#include "keyboard/keyboard_stage.h"
+#include "options.h"
+#include "stopwatch.h"
+#include "suggestion/vp_word_suggestions.h"
+#include "ui/cairo/bitmap.h"
+#include "ui/cairo/cairo_painter.h"
+#include "ui/cairo/drawing_resources.h"
+#include "ui/cairo/handles.h"
+#include "ui/cairo/paint_window.h"
+
+#include <json/json.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace vorpel::bench {
+
+namespace {
+
+// A large phone: 1080 x 648 pixels of keys.
+constexpr double WIDTH = 360;
+constexpr double HEIGHT = 216;
+constexpr double SCALE = 3;
+constexpr int ROUNDS = 400;
+
+using Work = std::function<void()>;
+
+double millisecondsOf(const Work& work) {
+    return timed(work).wall * 1e-3;
+}
+
+cli::StageShape largePhone() {
+    cli::StageShape shape;
+    shape.width = WIDTH;
+    shape.height = HEIGHT;
+    shape.scale = SCALE;
+    shape.field = cli::traitsOfField("text");
+    return shape;
+}
+
+/// A keyboard on show, with all that it has painted before at hand.
+struct Shown {
+    cli::KeyboardStage stage{largePhone()};
+    ui::Bitmap bitmap = ui::Bitmap::covering(stage.size(), SCALE);
+    ui::DrawingResources resources{SCALE};
+
+    Shown() { paint(); }
+
+    void paint() { paintWindow(stage.window(), bitmap, resources); }
+
+    void paintAll() {
+        stage.window().damageAll();
+        paint();
+    }
+};
+
+class Figures {
+public:
+    explicit Figures(int rounds) : rounds_(rounds) {}
+
+    /// `prepare` is not counted.
+    void measure(const char* name, const Work& prepare, const Work& work) {
+        std::vector<double> times;
+        for (int i = 0; i < rounds_; ++i) {
+            prepare();
+            times.push_back(millisecondsOf(work));
+        }
+        std::ranges::sort(times);
+        const auto share = [&](double part) { return times[static_cast<std::size_t>(part * (rounds_ - 1))]; };
+        for (const auto& [label, part] : {std::pair("p50", 0.5), {"p95", 0.95}, {"p99", 0.99}}) {
+            json_[name][label] = share(part);
+        }
+        if (reference_ == 0) reference_ = share(0.5);
+        json_[name]["fills"] = share(0.5) / reference_;
+    }
+
+    Json::Value& json() { return json_; }
+
+private:
+    int rounds_;
+    double reference_ = 0;
+    Json::Value json_{Json::objectValue};
+};
+
+ui::Point middleOf(Shown& shown, const char* text) {
+    const auto& controller = shown.stage.controller();
+    return shown.stage.frameOf(*cli::findKey(controller.plane(), controller.currentMode(), text)).center();
+}
+
+void measureDrawing(Figures& figures, Shown& shown) {
+    figures.measure(
+        "fill", [] {},
+        [&] {
+            const ui::ContextHandle context(cairo_create(shown.bitmap.surface()));
+        ui::CairoPainter painter(context.get(), shown.resources);
+            painter.fill(ui::Rect{0, 0, WIDTH, HEIGHT}, ui::Color::white());
+        });
+    figures.measure(
+        "repaint", [] {}, [&] { shown.paintAll(); });
+}
+
+void measurePress(Figures& figures, Shown& shown) {
+    const ui::Point key = middleOf(shown, "e");
+    ui::Window& window = shown.stage.window();
+    const auto settle = [&] {
+        shown.stage.advance(0.2);
+        shown.paint();
+    };
+    figures.measure("press_to_text", settle, [&] {
+        window.touchDown(1, key);
+        window.touchUp(1, key);
+    });
+    const auto release = [&] {
+        window.touchUp(1, key);
+        settle();
+    };
+    figures.measure("press_to_popup_drawn", release, [&] {
+        window.touchDown(1, key);
+        shown.paint();
+    });
+    release();
+    bool numbers = false;
+    figures.measure("page_change_drawn", settle, [&] {
+        numbers = !numbers;
+        shown.stage.controller().setCurrentMode(numbers ? 1 : 0);
+        shown.paint();
+    });
+}
+
+}  // namespace
+
+int run(const Options& options) {
+    VPWordSuggestions::setDiagnosticsStream(nullptr);
+    setenv("VORPEL_DATA", options.geometry.c_str(), 0);
+    Figures figures(std::max(ROUNDS / options.every, 2));
+    // Before anything else has read the fonts.
+    std::unique_ptr<Shown> shown;
+    const double first = millisecondsOf([&] { shown = std::make_unique<Shown>(); });
+    measureDrawing(figures, *shown);
+    measurePress(figures, *shown);
+    figures.json()["start_to_first_frame"] = first;
+    figures.json()["second_start_to_frame"] = millisecondsOf([] { const Shown again; });
+    std::printf("%s", figures.json().toStyledString().c_str());
+    return 0;
+}
+
+}  // namespace vorpel::bench
