@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands.h"
+#include "keyboard/columns.h"
 #include "keyboard/layout/key_frame_layout.h"
 #include "keyboard/model/default_keyboard.h"
 #include "text/diagnostics.h"
@@ -51,9 +52,9 @@ std::string visible(const std::string& output) {
 void printLine(const Key& key, const ui::Rect& frame) {
     const std::string output = visible(key.outputForCase(false));
     const std::string target = key.toMode ? " -> page " + std::to_string(*key.toMode) : "";
-    std::printf("%-16s %-6s %-6s  %8.2f %8.2f %8.2f %8.2f%s\n", nameOf(key.type),
-                key.keyCapForCase(false).c_str(), output.c_str(), frame.x, frame.y, frame.width, frame.height,
-                target.c_str());
+    std::printf("%-16s %s %s  %8.2f %8.2f %8.2f %8.2f%s\n", nameOf(key.type),
+                padded(key.keyCapForCase(false), 6).c_str(), padded(output, 6).c_str(), frame.x, frame.y,
+                frame.width, frame.height, target.c_str());
 }
 
 KeyFrames framesOf(const PageArguments& arguments, const Keyboard& keyboard) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands.h"
+#include "keyboard/columns.h"
 #include "keyboard/key_finder.h"
 #include "keyboard/keyboard_stage.h"
 #include "platform/characters.h"
@@ -44,7 +45,7 @@ private:
     void press(const Key& key) {
         const std::string name = nameOfKey(key);
         stage_.tap(aimAt(stage_.frameOf(key)));
-        std::printf("%-10s %s\n", name.c_str(), onOneLine(stage_.field().text()).c_str());
+        std::printf("%s %s\n", padded(name, 10).c_str(), onOneLine(stage_.field().text()).c_str());
     }
 
     ui::Point aimAt(const ui::Rect& frame) {

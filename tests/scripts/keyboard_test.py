@@ -1,0 +1,76 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The commands that list, draw and touch the keyboard."""
+from __future__ import annotations
+
+import struct
+import tempfile
+import unittest
+from pathlib import Path
+
+from vorpel_tool import answer, run
+
+
+def size_of_png(path: Path) -> tuple[int, int]:
+    content = path.read_bytes()
+    assert content.startswith(b"\x89PNG"), content[:8]
+    return struct.unpack(">II", content[16:24])
+
+
+def field_after(*arguments: str) -> str:
+    """What stands in the field after the last key, which each line ends in."""
+    done = run("type", *arguments)
+    assert done.returncode == 0, done.stderr
+    return done.stdout.removesuffix("\n").splitlines()[-1][11:]
+
+
+class KeyboardTest(unittest.TestCase):
+    def setUp(self) -> None:
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def test_a_page_as_data(self) -> None:
+        page, = answer("page", "--language", "ar", "--page", "1", "--width", "320", "--json")
+        self.assertEqual([len(row) for row in page["rows"]], [10, 9, 9, 5])
+        mode = page["rows"][2][0]
+        self.assertEqual((mode["type"], mode["uppercaseKeyCap"], mode["toMode"]), ("ModeChange", "#+=", 2))
+        self.assertEqual(page["rows"][0][0]["lowercaseOutput"], "١")
+        for row in page["rows"]:
+            edges = [(key["frame"][0], key["frame"][0] + key["frame"][2]) for key in row]
+            self.assertTrue(all(left[1] <= right[0] for left, right in zip(edges, edges[1:])), edges)
+            self.assertTrue(edges[0][0] >= 0 and edges[-1][1] <= 320.5, edges)
+
+    def test_a_picture_has_the_pixels_it_was_asked_for(self) -> None:
+        for size, options in (((750, 432), []), ((1125, 648), ["--scale", "3", "--dark", "--page", "12"]),
+                              ((1000, 243), ["--scale", "1.5", "--landscape", "--width", "667"]),
+                              ((750, 522), ["--bar", "--press", "t"]), ((640, 432), ["--width", "320", "--settings"])):
+            out = self.folder / "page.png"
+            done = run("render", *options, "--out", out)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+            self.assertEqual(size_of_png(out)[1], size[1])
+            self.assertAlmostEqual(size_of_png(out)[0], size[0], delta=1)
+
+    def test_typing_reaches_the_field(self) -> None:
+        for typed, field, *options in (
+                ("hi  there", "Hi. There"), ("aB", "AB"), ("x[1]?", "X[1]?"), ("a@b.de", "a@b.de", "--field", "email"),
+                ("x.com/y", "x.com/y", "--field", "url"), ("12", "12", "--field", "number"),
+                ("سلام ؟", "سلام ؟", "--language", "ar"), ("one\ntwo", "One⏎Two")):
+            with self.subTest(typed):
+                self.assertEqual(field_after(*options, typed), field)
+        self.assertNotEqual(field_after("--jitter", "3", "a rather long sentence"), "")
+
+    def test_what_cannot_be_done_is_said_in_one_line(self) -> None:
+        out = self.folder / "x.png"
+        for status, reason, arguments in (
+                (1, "page 9", ["page", "--page", "9"]), (1, "page 700", ["render", "--page", "700", "--out", out]),
+                (1, "nowhere", ["render", "--out", self.folder / "nowhere" / "x.png"]),
+                (1, "no key", ["render", "--press", "ß", "--out", out]), (1, "no key", ["type", "a😀"]),
+                (2, "--width", ["page", "--width", "0"]), (2, "--out", ["render"]), (2, "--field", ["type", "--field", "x", "a"])):
+            with self.subTest(reason):
+                done = run(*arguments)
+                self.assertEqual(done.returncode, status, done.stderr)
+                self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
+                self.assertIn(reason, done.stderr)
+        self.assertFalse(out.exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
