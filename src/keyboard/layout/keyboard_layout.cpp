@@ -2,6 +2,7 @@
 #include "keyboard/layout/keyboard_layout.h"
 
 #include "text/diagnostics.h"
+#include "ui/transaction.h"
 
 #include <algorithm>
 #include <utility>
@@ -33,6 +34,8 @@ void KeyboardLayout::setLook(bool darkMode, bool solidColorMode) {
 
 void KeyboardLayout::layoutKeys(int pageNum, bool uppercase, bool characterUppercase, ShiftState shiftState,
                                 const Completion& completion) {
+    // Keys are in their new places at once.
+    const ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
     if (!shouldPoolKeys() && keyPool_.views().empty()) {
         positionAllPages();
         updateKeyAppearance();
@@ -49,6 +52,7 @@ void KeyboardLayout::layoutKeys(int pageNum, bool uppercase, bool characterUpper
 }
 
 void KeyboardLayout::positionKeys(int pageNum, const Completion& completion) {
+    const ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
     PageGeometry geometry;
     const auto keyMap = generateKeyFrames(model_, superview_.bounds(), pageNum);
     if (keyMap) {
@@ -98,7 +102,10 @@ void KeyboardLayout::placeViews(const KeyFrames& keyMap) {
 }
 
 void KeyboardLayout::apply(ImageKey& view, const Key& key, const ui::Rect& frame) {
+    const LayoutConstants& constants = layoutConstants();
     view.setFrame(frame);
+    view.setPopupLayer(&popupLayer_, {constants.popupTotalHeight(screen().boundsWidth()),
+                                      constants.popupGap(), constants.popupWidthIncrement()});
     modelToView_[&key] = &view;
     viewToModel_[&view] = &key;
 }
@@ -127,10 +134,7 @@ ImageKey* KeyboardLayout::pooledKey(const Key& key, const Keyboard& /*model*/, c
 ImageKey& KeyboardLayout::generateKey() {
     if (ImageKey* const free = shouldPoolKeys() ? keyPool_.takeAny() : nullptr) return *free;
     ImageKey& view = keyPool_.add(createNewKey());
-    const LayoutConstants& constants = layoutConstants();
     superview_.addSubview(view);
-    view.setPopupLayer(&popupLayer_, {constants.popupTotalHeight(screen().boundsWidth()),
-                                      constants.popupGap(), constants.popupWidthIncrement()});
     return view;
 }
 
