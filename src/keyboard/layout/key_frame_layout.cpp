@@ -39,8 +39,9 @@ std::optional<KeyFrames> KeyFrameLayout::generateKeyFrames(const Keyboard& model
                                                            int page) {
     if (bounds.width == 0 || bounds.height == 0) return std::nullopt;
     KeyFrames frames;
-    if (page < 0 || static_cast<std::size_t>(page) >= model.pages.size()) return frames;
-    const Page& laidOut = model.pages[static_cast<std::size_t>(page)];
+    const Page none;
+    const bool exists = page >= 0 && static_cast<std::size_t>(page) < model.pages.size();
+    const Page& laidOut = exists ? model.pages[static_cast<std::size_t>(page)] : none;
     const PageMeasures measures = measurePage(bounds, laidOut, page);
     for (std::size_t r = 0; r < laidOut.rows.size(); ++r) {
         const KeyRow& row = laidOut.rows[r];
