@@ -110,18 +110,15 @@ KeyFrameLayout::RowFrames KeyFrameLayout::sidesFrames(std::size_t count, const S
                                                       const ui::Rect& frame) const {
     RowFrames frames;
     double origin = frame.x;
-    const auto add = [&](double width) {
+    // Key and gap are one step: added one after the other they would fall on the other side of a half pixel.
+    const auto add = [&](double width, double gap) {
         frames.push_back({rounded(origin), frame.y, width, frame.height});
-        origin += width;
+        origin += width + gap;
     };
-    add(sides.specialCharacterWidth);
+    add(sides.specialCharacterWidth, sides.specialCharacterGap);
+    for (std::size_t k = 1; k + 1 < count; ++k) add(sides.keyWidth, k + 2 < count ? sides.step : 0);
     origin += sides.specialCharacterGap;
-    for (std::size_t k = 1; k + 1 < count; ++k) {
-        add(sides.keyWidth);
-        if (k + 2 < count) origin += sides.step;
-    }
-    origin += sides.specialCharacterGap;
-    add(sides.specialCharacterWidth);
+    add(sides.specialCharacterWidth, 0);
     return frames;
 }
 
