@@ -135,6 +135,21 @@ TEST(Popups, StayAWhileBehindTheirFinger) {
     EXPECT_EQ(stage.popups(), 0U) << "only characters have one";
 }
 
+TEST(Popups, LeaveWithTheirPage) {
+    for (const char* const language : {"en", "ar"}) {
+        Stage stage({.language = language});
+        for (const KeyRow& row : stage.page().rows) {
+            for (const auto& key : row) {
+                if (!key->isCharacter()) continue;
+                stage.tapAgain(*key->lowercaseOutput);
+                stage.controller->setCurrentMode(7);
+                EXPECT_EQ(stage.popups() + stage.timers(), 0U) << *key->lowercaseOutput;
+                stage.controller->setCurrentMode(0);
+            }
+        }
+    }
+}
+
 TEST(Popups, AreNotShownOnAPad) {
     Stage stage({.device = testing::deviceOf(768, 1024, UserInterfaceIdiom::Pad)});
     stage.down(1, "q");

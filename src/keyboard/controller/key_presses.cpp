@@ -67,7 +67,8 @@ void KeyboardViewController::showPage(KeyPlane& plane) {
     shiftStartingState.reset();
     shiftWasMultitapped = false;
     if (!plane.layout) return;
-    forgetPopup();
+    // The view that waits may soon show another key, or none.
+    hidePopupCallback();
     const bool capitals = uppercase(shiftState_);
     plane.layout->layoutKeys(currentMode_, capitals, characterUppercase(capitals), shiftState_,
                              [this](const PageGeometry& geometry) {

@@ -60,11 +60,6 @@ void KeyboardViewController::hidePopupDelay(ui::Control& sender) {
 
 void KeyboardViewController::hidePopupCallback() {
     if (keyWithDelayedPopup) keyWithDelayedPopup->hidePopup();
-    forgetPopup();
-}
-
-/// The view that waits may soon show another key, or be gone.
-void KeyboardViewController::forgetPopup() {
     keyWithDelayedPopup = nullptr;
     popupDelayTimer.invalidate();
 }

@@ -200,7 +200,7 @@ void KeyboardViewController::changePlane(bool arabic, const char* language) {
     platform().userDefaults.setString(preferences::LANGUAGE, language);
     KeyPlane& old = plane();
     old.forwardingView->resetTrackedViews();
-    forgetPopup();
+    hidePopupCallback();
     old.forwardingView->removeFromSuperview();
     old.popupLayer->removeFromSuperview();
     isArabicModeOn_ = arabic;

@@ -262,7 +262,6 @@ private:
     [[nodiscard]] bool characterUppercase(bool uppercase) const;
     void selectFrom(int keyboardType, int returnType, WidthSet width);
     void toggleShift(ui::Control& sender);
-    void forgetPopup();
     void layOutKeys();
     void stackViews();
     [[nodiscard]] double keysHeight() const;
