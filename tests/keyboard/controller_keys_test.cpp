@@ -150,6 +150,26 @@ TEST(Popups, LeaveWithTheirPage) {
     }
 }
 
+TEST(Popups, LeaveWithTheirKeyboard) {
+    const std::pair<const char*, std::function<void(Stage&)>> LEAVINGS[] = {
+        {"language", [](Stage& s) { s.controller->changeKeyboardLanguage("ar"); }},
+        {"back",
+         [](Stage& s) { s.controller->changeKeyboardLanguage("ar"), s.controller->EnglishClicked(); }},
+        {"rotation", [](Stage& s) { s.rotate(InterfaceOrientation::Landscape); }},
+        {"gone", [](Stage& s) { s.controller->viewWillDisappear(); }},
+    };
+    for (const auto& [name, leave] : LEAVINGS) {
+        for (const bool isHeld : {true, false}) {
+            Stage stage;
+            stage.down(1, "q");
+            if (!isHeld) stage.up(1);
+            leave(stage);
+            EXPECT_EQ(stage.popups(), 0U) << name << isHeld;
+            EXPECT_EQ(stage.timers(), 0U) << name << isHeld;
+        }
+    }
+}
+
 TEST(Popups, AreNotShownOnAPad) {
     Stage stage({.device = testing::deviceOf(768, 1024, UserInterfaceIdiom::Pad)});
     stage.down(1, "q");

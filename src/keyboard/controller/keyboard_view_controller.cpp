@@ -83,6 +83,7 @@ void KeyboardViewController::viewWillDisappear() {
     // A key that is held when the keyboard goes away would be held for ever.
     plane().forwardingView->resetTrackedViews();
     cancelBackspaceTimers();
+    hidePopupCallback();
 }
 
 void KeyboardViewController::setupKludge() {
