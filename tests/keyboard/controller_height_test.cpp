@@ -135,6 +135,12 @@ TEST_F(HostCalls, ReplaceTheViewsOfBefore) {
     EXPECT_EQ(otherCustom.superview(), &controller->view());
 }
 
+TEST_F(HostCalls, KeepRoomForABarThatIsStillToCome) {
+    controller->showTopBarView();
+    EXPECT_EQ(controller->keyboardHeight(), 316);
+    EXPECT_EQ(keysAt(), 100) << "what the height holds, the stack holds";
+}
+
 TEST_F(HostCalls, PutAnOverlayOverTheKeysOnce) {
     ui::View first;
     ui::View second;

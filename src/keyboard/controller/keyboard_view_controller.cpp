@@ -130,8 +130,8 @@ void KeyboardViewController::layOutAnew() {
 void KeyboardViewController::stackViews() {
     const double width = view_.bounds().width;
     double y = 0;
-    if (isTopBar && topBarView) {
-        topBarView->setFrame({0, y, width, metric("topBar")});
+    if (isTopBar) {
+        if (topBarView) topBarView->setFrame({0, y, width, metric("topBar")});
         y += metric("topBar");
     }
     if (isCustomView && customView) {
