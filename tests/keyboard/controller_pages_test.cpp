@@ -73,6 +73,26 @@ TEST(PageForField, FollowsFieldReturnKeyAndRoom) {
     }
 }
 
+TEST(PageForField, OfAnUnknownReturnKeyStaysButForItsWidthInTheEmbeddedClass) {
+    const struct {
+        platform::ReturnKeyType type;
+        InterfaceOrientation orientation;
+        int plain, embedded;
+    } STEPS[] = {{platform::ReturnKeyType::Done, InterfaceOrientation::Portrait, 40, 40},
+                 {platform::ReturnKeyType::Continue, InterfaceOrientation::Landscape, 40, 140},
+                 {platform::ReturnKeyType::Done, InterfaceOrientation::Landscape, 140, 140},
+                 {platform::ReturnKeyType::Continue, InterfaceOrientation::Portrait, 140, 40}};
+    for (const Kind kind : {Kind::Plain, Kind::Embedded}) {
+        Stage stage({.kind = kind});
+        for (const auto& step : STEPS) {
+            stage.setTraits(platform::KeyboardType::Default, step.type);
+            stage.controller->textDidChange();
+            stage.rotate(step.orientation);
+            EXPECT_EQ(stage.controller->currentMode(), kind == Kind::Plain ? step.plain : step.embedded);
+        }
+    }
+}
+
 TEST(Rotation, PutsTheWidePageInAndKeepsNothingHeld) {
     Stage stage;
     stage.down(1, "q");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/controller/vorpel_keyboard_view_controller.h"
 
+#include "keyboard/model/page_number.h"
+
 namespace vorpel {
 
 std::unique_ptr<VorpelKeyboardViewController> VorpelKeyboardViewController::create(
@@ -26,11 +28,15 @@ void VorpelKeyboardViewController::selectPageForField() {
     const bool isLandscape =
         platform().host.interfaceOrientation() == platform::InterfaceOrientation::Landscape;
     const bool hasRoom = platform().screen.boundsWidth() >= LEAST_WIDE_WIDTH;
-    if (isLandscape && hasRoom && !isPad()) {
+    const bool wantsWide = isLandscape && hasRoom && !isPad();
+    if (wantsWide) {
         setModeForKeyboardInLandscape(keyboardType, returnType);
     } else {
         setModeForKeyboard(keyboardType, returnType);
     }
+    // A return key without a page of its own leaves the page, which may be too wide or too narrow now.
+    const bool isWide = currentMode() >= FIRST_WIDE_PAGE;
+    if (isWide != wantsWide) setCurrentMode(currentMode() + (wantsWide ? FIRST_WIDE_PAGE : -FIRST_WIDE_PAGE));
 }
 
 void VorpelKeyboardViewController::keyPressedHelper(ui::Control& sender) {
