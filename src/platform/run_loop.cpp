@@ -90,7 +90,10 @@ void RunLoop::runDue() {
     runBlocks();
     // Only what is due now: a timer that starts another without delay must not keep the loop here.
     const double time = now();
-    for (const auto& timer : timersDue(time)) {
+    // The list goes from turn to turn: a frame in which nothing happens takes nothing from the heap.
+    std::vector<std::shared_ptr<Timer::State>> due = std::move(due_);
+    collectDue(time, due);
+    for (const auto& timer : due) {
         // Those that fired before it may have stopped it, or run the loop themselves.
         if (!timer->isDue(time)) continue;
         if (timer->repeats) {
@@ -100,6 +103,8 @@ void RunLoop::runDue() {
         }
         timer->block();
     }
+    due.clear();
+    due_ = std::move(due);
     std::erase_if(timers_, [](const auto& timer) { return !timer->valid; });
     runBlocks();
 }
@@ -118,12 +123,14 @@ void RunLoop::runBlocks() {
     for (const Block& block : blocks) block();
 }
 
-std::vector<std::shared_ptr<Timer::State>> RunLoop::timersDue(double time) const {
-    std::vector<std::shared_ptr<Timer::State>> due;
-    std::ranges::copy_if(timers_, std::back_inserter(due),
-                         [time](const auto& timer) { return timer->isDue(time); });
-    std::ranges::stable_sort(due, {}, [](const auto& timer) { return timer->deadline(); });
-    return due;
+/// The earliest first; of two at one time the one that was made first.
+void RunLoop::collectDue(double time, std::vector<std::shared_ptr<Timer::State>>& due) const {
+    for (const auto& timer : timers_) {
+        if (!timer->isDue(time)) continue;
+        const auto later = std::ranges::upper_bound(due, timer->deadline(), {},
+                                                    [](const auto& other) { return other->deadline(); });
+        due.insert(later, timer);
+    }
 }
 
 }  // namespace vorpel::platform

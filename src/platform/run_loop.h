@@ -74,12 +74,13 @@ public:
 
 private:
     void runBlocks();
-    [[nodiscard]] std::vector<std::shared_ptr<Timer::State>> timersDue(double time) const;
+    void collectDue(double time, std::vector<std::shared_ptr<Timer::State>>& due) const;
 
     const Clock& clock_;
     Block wakeUp_;
     std::vector<std::shared_ptr<Timer::State>> timers_;
-    mutable std::mutex mutex_;  // guards blocks_
+    std::vector<std::shared_ptr<Timer::State>> due_;  // room for those of a turn
+    mutable std::mutex mutex_;                        // guards blocks_
     std::vector<Block> blocks_;
 };
 
