@@ -8,6 +8,8 @@ void KeyPool::reset() {
     for (const auto& view : views_) {
         sizeToKeyMap_[view->frame().size()].push_back(view.get());
         view->setHidden(true);
+        // It lies on a layer of its own, and no page that comes may have a key for this view.
+        view->hidePopup();
     }
 }
 

@@ -17,7 +17,7 @@ public:
     /// Every view ever made, in the order of making.
     [[nodiscard]] const std::vector<std::unique_ptr<ImageKey>>& views() const { return views_; }
 
-    /// All views are free again, and hidden.
+    /// All views are free again, and hidden with their popups.
     void reset();
 
     /// A free view of exactly that size, or null.
