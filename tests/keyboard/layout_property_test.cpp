@@ -106,7 +106,7 @@ void expectSound(const Keyboard& model, KeyFrameLayout& layout, int page, double
 
 std::vector<double> manyWidths() {
     std::vector<double> widths = {360, 375, 390, 414, 428, 605, 606, 607, 667, 736, 1024};
-    for (double width = 320; width <= 1024; width += 11) widths.push_back(width);
+    for (double width = 320; width <= 1024; width += 23) widths.push_back(width);
     return widths;
 }
 
@@ -140,8 +140,8 @@ void expectAllWithinReach(LayoutStage& stage, int page) {
         const ui::View* const view = stage.keys.findNearestView(point);
         return view ? stage.layout->keyForView(*view) : nullptr;
     };
-    constexpr int COLUMNS = 40;
-    constexpr int ROWS = 12;
+    constexpr int COLUMNS = 25;
+    constexpr int ROWS = 9;
     for (int i = 0; i <= COLUMNS; ++i) {
         for (int j = 0; j <= ROWS; ++j) {
             // The far edges themselves are outside.

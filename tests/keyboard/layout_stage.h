@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -60,7 +61,7 @@ public:
         return all;
     }
 
-    wordengine::Diagnostics::Silence silence;
+    std::optional<wordengine::Diagnostics::Silence> silence{std::in_place};
     DeterministicPlatform platform;
     LayoutConstants constants{platform.screen, platform.device};
     GlobalColors colors;

@@ -144,6 +144,19 @@ TEST(LayoutGeometry, IsOfTheKeysThatTypeButForReturn) {
     }
 }
 
+TEST(LayoutGeometry, IsToldInOneLine) {
+    LayoutStage stage(defaultKeyboard(0, 0), {});
+    stage.silence.reset();
+    const testing::TraceCapture trace;
+    stage.show(3);
+    std::string lines = trace.text();
+    const std::string head = "check width 375\n";
+    ASSERT_EQ(lines.substr(0, head.size()), head);
+    lines.erase(0, head.size());
+    std::ranges::sort(lines);
+    EXPECT_EQ(lines, "\n .@abcdefghijklmnopqrstuvwxyz");
+}
+
 TEST(LayoutFaces, ShowImageShapeOrCapByTypeAndShift) {
     struct {
         KeyType type;
