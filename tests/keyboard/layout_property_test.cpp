@@ -130,15 +130,15 @@ TEST(LayoutProperties, NoTwoKeysOverlapAndNoneLeavesTheView) {
     }
 }
 
-/// Every point of a grid finds a key of the page, and every key that has an area in the view is found.
+/// Every point of a grid finds a key of the page that has an area, and every such key in the view is found.
 void expectAllWithinReach(LayoutStage& stage, int page) {
     stage.show(page);
     const ui::Rect bounds = stage.keys.bounds();
     const std::vector<const Key*> keys = stage.keysOf(page);
     const std::set<const Key*> shown(keys.begin(), keys.end());
-    const auto keyAt = [&](ui::Point point) {
+    const auto keyAt = [&](ui::Point point) -> const Key* {
         const ui::View* const view = stage.keys.findNearestView(point);
-        return view ? stage.layout->keyForView(*view) : nullptr;
+        return view && !view->frame().isEmpty() ? stage.layout->keyForView(*view) : nullptr;
     };
     constexpr int COLUMNS = 25;
     constexpr int ROWS = 9;
