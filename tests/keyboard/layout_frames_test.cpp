@@ -89,6 +89,7 @@ protected:
 };
 
 TEST_F(LayoutFramesTest, BoundsWithoutSizeHaveNoneAndPagesWithoutRowsHaveNoFrames) {
+    const wordengine::Diagnostics::Silence silence;
     EXPECT_FALSE(framesOf(0, 320, 0));
     EXPECT_FALSE(framesOf(0, 0, 216));
     for (const int page : {-1, 9, 99, 159}) EXPECT_EQ(framesOf(page, 375, 216), KeyFrames()) << page;
