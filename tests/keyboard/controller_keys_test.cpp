@@ -201,17 +201,14 @@ TEST(ModeKeys, ActOnTheWayDownAndLetGoOfAllThatIsHeld) {
     EXPECT_EQ(stage.calls, std::vector<std::string>(2, "frames"));
 }
 
-TEST(ModeKeys, TappedTwiceAtOnePlaceNeverRepeatOnAnotherKey) {
-    for (const char* const language : {"en", "ar"}) {
-        Stage stage({.language = language});
-        stage.setTraits(platform::KeyboardType::Default, platform::ReturnKeyType::Next);
-        stage.hostSets("");
-        for (int tap = 0; tap < 8; ++tap) {
-            stage.tapAgain(tap % 2 == 0 ? "123" : "ABC");
-            EXPECT_EQ(stage.controller->shiftState(), ShiftState::Disabled);
-        }
-        EXPECT_TRUE(std::ranges::count(stage.calls, "repeat") == 0);
-    }
+TEST(KeysThatType, TellWhenACharacterWasLastTouched) {
+    Stage stage;
+    for (const char* const key : {"space", "q", "space", "return", "space"}) stage.touch(key);
+    // A press takes 0.06 s, one follows the other after 0.62 s: the first has only its own release to tell
+    // of, a character its press, return its release, and a blank what was before it.
+    const double EXPECTED[] = {0.56, 1.12, 1.12, 2.42, 2.42};
+    ASSERT_EQ(stage.dates.size(), std::size(EXPECTED));
+    for (std::size_t i = 0; i < std::size(EXPECTED); ++i) EXPECT_NEAR(stage.dates[i], EXPECTED[i], 1e-9) << i;
 }
 
 TEST(OtherKeys, CallWhatTheyAreFor) {

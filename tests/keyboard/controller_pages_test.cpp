@@ -144,7 +144,6 @@ TEST(Language, MayChangeFromWithinAKeysOwnAction) {
             const auto change = [&](ui::Control&) {
                 stage.controller->changeKeyboardLanguage(value);
                 stage.controller->changeKeyboardLanguage("en");
-                stage.platform.settle();
             };
             stage.face("q").addTarget(&stage, "change", event, change);
             stage.tapAgain("q");

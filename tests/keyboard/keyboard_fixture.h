@@ -25,8 +25,8 @@ enum class Kind { Plain, Embedded };
 template <class Base>
 class OpenKeyboard final : public Base {
 public:
-    OpenKeyboard(platform::Platform& platform, std::vector<std::string>& calls)
-        : Base(platform), calls_(calls) {
+    OpenKeyboard(platform::Platform& platform, std::vector<std::string>& calls, std::vector<double>& dates)
+        : Base(platform), calls_(calls), dates_(dates) {
         Base::setUp();
     }
 
@@ -37,9 +37,14 @@ public:
     void resetTheUpdateAndSearchString() override { calls_.emplace_back("reset"); }
     void spaceKeyIdentifierFunction() override { calls_.emplace_back("space cancelled"); }
     void addCharacterToList(ui::Control& /*sender*/) override { calls_.emplace_back("repeat"); }
+    void keyPressed(const Key& key, double date, ui::Point position) override {
+        dates_.push_back(date);
+        Base::keyPressed(key, date, position);
+    }
 
 private:
     std::vector<std::string>& calls_;
+    std::vector<double>& dates_;
 };
 
 inline PlatformShape deviceOf(double width, double height,
@@ -71,10 +76,11 @@ public:
         platform.userDefaults.setString(preferences::LANGUAGE, setting.language);
         setTraits(platform::KeyboardType::Default, platform::ReturnKeyType::Default, setting.capitals);
         if (setting.kind == Kind::Plain) {
-            controller = std::make_unique<OpenKeyboard<KeyboardViewController>>(platform.platform, calls);
+            controller =
+                std::make_unique<OpenKeyboard<KeyboardViewController>>(platform.platform, calls, dates);
         } else {
             controller =
-                std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(platform.platform, calls);
+                std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(platform.platform, calls, dates);
         }
         window.setRoot(&controller->view());
         controller->viewDidLoad();
@@ -83,6 +89,7 @@ public:
 
     DeterministicPlatform platform;
     std::vector<std::string> calls;  ///< hooks, in order
+    std::vector<double> dates;       ///< what came with each key that types
     std::unique_ptr<KeyboardViewController> controller;
     ui::Window window{platform.runLoop};
 

@@ -174,6 +174,17 @@ TEST_F(Touches, AreLetGoOfAllAtOnce) {
     EXPECT_TRUE(log().empty());
 }
 
+TEST_F(Touches, LetGoOfByTheirOwnKeyAreToldNoMoreOfIt) {
+    face("q").addTarget(this, "let go", ControlEvent::TouchDown,
+                        [this](ui::Control&) { keys().resetTrackedViews(); });
+    for (int tap = 0; tap < 2; ++tap) {
+        down(1, "q");
+        move(1, "w");
+        up(1);
+        EXPECT_EQ(log(), (Log{"q down", "q cancel"})) << "tap " << tap;
+    }
+}
+
 TEST_F(Touches, AreTakenByTheWholeViewOrNotAtAll) {
     ForwardingView& view = keys();
     EXPECT_EQ(view.hitTest({0, 0}), &view);
