@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // How long the keyboard takes to be there, to be drawn, and to answer a finger. The figures are milliseconds
 // on the wall; beside them stands how often the same picture could have been filled with one colour.
+#include "field_traits.h"
 #include "keyboard/key_finder.h"
 #include "keyboard/keyboard_stage.h"
 #include "options.h"
@@ -43,7 +44,7 @@ cli::StageShape largePhone() {
     shape.width = WIDTH;
     shape.height = HEIGHT;
     shape.scale = SCALE;
-    shape.field = cli::traitsOfField("text");
+    shape.field = host::traitsOfField("text");
     return shape;
 }
 

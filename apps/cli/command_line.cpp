@@ -2,6 +2,7 @@
 #include "command_line.h"
 
 #include "commands.h"
+#include "field_traits.h"
 
 #include <CLI/CLI.hpp>
 
@@ -169,11 +170,11 @@ void addStageOptions(CLI::App& command, StageShape& stage) {
     command.add_flag("--bar", stage.hasBar, "with the bar above the keys");
     command
         .add_option_function<std::string>(
-            "--field", [&stage](const std::string& field) { stage.field = traitsOfField(field); },
+            "--field", [&stage](const std::string& field) { stage.field = host::traitsOfField(field); },
             "text, email, url or number")
         ->check(CLI::IsMember({"text", "email", "url", "number"}))
         ->default_str("text");
-    stage.field = traitsOfField("text");
+    stage.field = host::traitsOfField("text");
 }
 
 void addRender(CLI::App& app, Action& action) {

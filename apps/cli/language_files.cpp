@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "language_files.h"
 
+#include "data_folders.h"
 #include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
 #include "suggestion/dictionary_fault.h"
 #include "suggestion/language_resources.h"
 #include "suggestion/suggestion_provider.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
-#include <vector>
 
 namespace vorpel::cli {
 
@@ -22,7 +21,7 @@ namespace {
 
 fs::path folderThatHolds(const std::string& name) {
     std::string searched;
-    for (const fs::path& folder : dataFolders()) {
+    for (const fs::path& folder : host::dataFolders()) {
         std::error_code error;
         if (fs::exists(folder / name, error)) return folder;
         searched += (searched.empty() ? "" : ", ") + folder.string();
@@ -50,18 +49,6 @@ void checkDictionary(const std::string& path) {
 }
 
 }  // namespace
-
-std::vector<fs::path> dataFolders() {
-    std::vector<fs::path> folders;
-    if (const char* named = std::getenv("VORPEL_DATA")) folders.emplace_back(named);
-    std::error_code error;
-    const fs::path tool = fs::read_symlink("/proc/self/exe", error);
-    if (!error) {
-        folders.push_back(tool.parent_path().parent_path() / "share" / "vorpel");
-        folders.push_back(tool.parent_path().parent_path().parent_path() / "data");
-    }
-    return folders;
-}
 
 std::string LanguageFiles::geometryFile() const {
     return (fs::path(geometryFolder) / resourcesOf(language).geometryFile()).string();

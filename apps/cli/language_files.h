@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <filesystem>
 #include <string>
-#include <vector>
 
 namespace vorpel::cli {
 
@@ -23,10 +21,6 @@ struct LanguageChoice {
     std::string dictionary;
     std::string geometryFolder;
 };
-
-/// Where the data may lie, the first choice first: where the user says, beside an installed tool, and beside
-/// the build folder of the tool.
-std::vector<std::filesystem::path> dataFolders();
 
 /// Finds the files and tries them out. Throws std::runtime_error that names the file and says what is
 /// wrong with it or how to make it.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/keyboard_stage.h"
 
+#include "data_folders.h"
 #include "keyboard/model/preference_keys.h"
-#include "language_files.h"
 #include "platform/manual_time.h"
 #include "platform/posix/thread_operation_queue.h"
 #include "ui/cairo/bitmap.h"
@@ -10,8 +10,6 @@
 #include "ui/cairo/paint_window.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <vector>
 
 namespace vorpel::cli {
 
@@ -23,12 +21,6 @@ constexpr double PAUSE = 0.5;
 
 // Upright, where only the width sideways is known.
 constexpr double USUAL_WIDTH = 375;
-
-std::vector<std::string> imageFolders() {
-    std::vector<std::string> folders;
-    for (const std::filesystem::path& folder : dataFolders()) folders.push_back((folder / "images").string());
-    return folders;
-}
 
 platform::PlainScreen screenOf(const StageShape& shape) {
     const double width = shape.screenWidth > 0 ? shape.screenWidth : shape.width;
@@ -50,7 +42,7 @@ public:
 
 KeyboardStage::KeyboardStage(const StageShape& shape)
     : runLoop_(clock_),
-      bundle_(imageFolders()),
+      bundle_(host::keyImages()),
       screen_(screenOf(shape)),
       device_(shape.isPad ? platform::UserInterfaceIdiom::Pad : platform::UserInterfaceIdiom::Phone),
       workQueue_(1),
@@ -64,10 +56,6 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
                 .globalQueue = workQueue_,
                 .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); }},
       window_(runLoop_) {
-    if (!bundle_.pathForResource("gear", "svg")) {
-        throw std::runtime_error(
-            "gear.svg: not found in the images of the data folders; ./run puts it there");
-    }
     userDefaults_.setString(preferences::LANGUAGE, shape.language);
     host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
                                           : platform::InterfaceOrientation::Portrait;
@@ -125,19 +113,6 @@ void KeyboardStage::savePicture(const std::string& path) {
     window_.damageAll();
     paintWindow(window_, bitmap, resources);
     bitmap.savePng(path);
-}
-
-platform::TextInputTraits traitsOfField(const std::string& field) {
-    using platform::KeyboardType;
-    platform::TextInputTraits traits;
-    traits.autocapitalizationType = platform::AutocapitalizationType::None;
-    traits.returnKeyType = platform::ReturnKeyType::Default;
-    traits.keyboardType = KeyboardType::Default;
-    if (field == "text") traits.autocapitalizationType = platform::AutocapitalizationType::Sentences;
-    if (field == "email") traits.keyboardType = KeyboardType::EmailAddress;
-    if (field == "url") traits.keyboardType = KeyboardType::Url;
-    if (field == "number") traits.keyboardType = KeyboardType::NumberPad;
-    return traits;
 }
 
 }  // namespace vorpel::cli

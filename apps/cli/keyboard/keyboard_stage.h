@@ -87,7 +87,4 @@ private:
     std::unique_ptr<VorpelKeyboardViewController> controller_;
 };
 
-/// The traits of a field of text, email, url or number.
-platform::TextInputTraits traitsOfField(const std::string& field);
-
 }  // namespace vorpel::cli
