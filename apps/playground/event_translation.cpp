@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "event_translation.h"
+
+namespace vorpel::playground {
+
+namespace {
+
+using Phase = Touched::Phase;
+
+/// A finger on a touchpad moves the pointer; it does not touch what is on the screen.
+bool isOnScreen(SDL_TouchID device) {
+    const SDL_TouchDeviceType type = SDL_GetTouchDeviceType(device);
+    return type != SDL_TOUCH_DEVICE_INDIRECT_ABSOLUTE && type != SDL_TOUCH_DEVICE_INDIRECT_RELATIVE;
+}
+
+std::optional<InputEvent> editingKey(SDL_Keycode key) {
+    switch (key) {
+        case SDLK_LEFT:
+            return EditingKey::Left;
+        case SDLK_RIGHT:
+            return EditingKey::Right;
+        case SDLK_UP:
+            return EditingKey::Up;
+        case SDLK_DOWN:
+            return EditingKey::Down;
+        case SDLK_HOME:
+            return EditingKey::Home;
+        case SDLK_END:
+            return EditingKey::End;
+        case SDLK_BACKSPACE:
+            return EditingKey::Backspace;
+        case SDLK_DELETE:
+            return EditingKey::Delete;
+        case SDLK_RETURN:
+        case SDLK_KP_ENTER:
+            return EditingKey::Return;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+void EventTranslation::setMeasures(ui::Size size, double unitsPerPoint) {
+    size_ = size;
+    unitsPerPoint_ = unitsPerPoint;
+}
+
+std::optional<InputEvent> EventTranslation::translate(const SDL_Event& event) {
+    switch (event.type) {
+        case SDL_MOUSEBUTTONDOWN:
+        case SDL_MOUSEBUTTONUP:
+            if (event.button.button != SDL_BUTTON_LEFT) return std::nullopt;
+            return mouse(event.type == SDL_MOUSEBUTTONDOWN ? Phase::Down : Phase::Up, event.button.which,
+                         event.button.x, event.button.y);
+        case SDL_MOUSEMOTION:
+            return mouse(Phase::Moved, event.motion.which, event.motion.x, event.motion.y);
+        case SDL_FINGERDOWN:
+            return finger(Phase::Down, event.tfinger);
+        case SDL_FINGERMOTION:
+            return finger(Phase::Moved, event.tfinger);
+        case SDL_FINGERUP:
+            return finger(Phase::Up, event.tfinger);
+        case SDL_TEXTINPUT:
+            return Typed{event.text.text};
+        case SDL_KEYDOWN:
+            return editingKey(event.key.keysym.sym);
+        case SDL_WINDOWEVENT:
+            return windowEvent(event.window.event);
+        case SDL_QUIT:
+            return CloseAsked{};
+        default:
+            return std::nullopt;
+    }
+}
+
+std::optional<InputEvent> EventTranslation::mouse(Phase phase, Uint32 source, int x, int y) {
+    if (source == SDL_TOUCH_MOUSEID) return std::nullopt;
+    if (phase == Phase::Down) {
+        mouseHeld_ = true;
+    } else if (!mouseHeld_) {
+        return std::nullopt;
+    }
+    if (phase == Phase::Up) mouseHeld_ = false;
+    return Touched{phase, MOUSE, {x / unitsPerPoint_, y / unitsPerPoint_}};
+}
+
+std::optional<InputEvent> EventTranslation::finger(Phase phase, const SDL_TouchFingerEvent& event) {
+    if (event.touchId == SDL_MOUSE_TOUCHID || !isOnScreen(event.touchId)) return std::nullopt;
+    const Finger finger{event.touchId, event.fingerId};
+    if (phase == Phase::Down) fingers_.insert_or_assign(finger, ++lastFinger_);
+    const auto found = fingers_.find(finger);
+    if (found == fingers_.end()) return std::nullopt;
+    const int number = found->second;
+    if (phase == Phase::Up) fingers_.erase(found);
+    // Shares of the window, which may lie outside of it.
+    return Touched{phase, number, {event.x * size_.width, event.y * size_.height}};
+}
+
+std::optional<InputEvent> EventTranslation::windowEvent(Uint8 event) {
+    switch (event) {
+        case SDL_WINDOWEVENT_EXPOSED:
+            return Uncovered{};
+        case SDL_WINDOWEVENT_FOCUS_LOST:
+        case SDL_WINDOWEVENT_HIDDEN:
+        case SDL_WINDOWEVENT_MINIMIZED:
+            mouseHeld_ = false;
+            fingers_.clear();
+            return TouchesLost{};
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace vorpel::playground

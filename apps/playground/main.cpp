@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "command_line.h"
+#include "data_folders.h"
+#include "key_click.h"
+#include "keyboard/model/preference_keys.h"
+#include "platform/posix/file_user_defaults.h"
+#include "platform/posix/learned_words.h"
+#include "platform/posix/steady_clock.h"
+#include "platform/posix/thread_operation_queue.h"
+#include "platform/posix/thread_pool.h"
+#include "platform/posix/xdg_folders.h"
+#include "sdl_session.h"
+#include "text/diagnostics.h"
+#include "window_host.h"
+
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace vorpel::playground {
+
+namespace {
+
+void report(const std::string& line) {
+    std::fprintf(stderr, "vorpel-playground: %s\n", line.c_str());
+}
+
+std::string fileIn(const std::optional<std::string>& folder, const char* name) {
+    if (!folder) throw std::runtime_error("no folder for the settings: HOME is not set");
+    return *folder + "/" + name;
+}
+
+/// All of it in the order in which it is needed, and in the opposite order at the end.
+void runPlayground(const Options& options) {
+    const platform::SteadyClock clock;
+    Stopwatch stopwatch(clock, options.tellsTimes);
+    const platform::FolderBundle images = host::keyImages();
+    const SdlSession sdl;
+    platform::RunLoop runLoop(clock);
+    sdl.wake(runLoop);
+    KeyClick click;
+    platform::ThreadPool workQueue(2);
+    platform::FileUserDefaults settings(
+        fileIn(platform::xdgConfigurationFolder("vorpel"), "preferences.json"), workQueue, report);
+    platform::LearnedWords words(fileIn(platform::xdgDataFolder("vorpel"), "words.txt"), workQueue, report);
+    if (!options.language.empty()) settings.setString(preferences::LANGUAGE, options.language);
+    Playground playground(
+        {.runLoop = runLoop,
+         .userDefaults = settings,
+         .bundle = images,
+         .globalQueue = workQueue,
+         .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); },
+         .textChecker = &words,
+         .systemSound = &click});
+    playground.setDark(options.isDark);
+    WindowHost window(options.window, playground, runLoop, stopwatch);
+    platform::Timer end;
+    if (options.quitAfter > 0) {
+        end = runLoop.scheduledTimer(options.quitAfter, false, [&window] { window.close(); });
+    }
+    window.run();
+}
+
+}  // namespace
+
+}  // namespace vorpel::playground
+
+int main(int argc, char** argv) {
+    wordengine::Diagnostics::setStream(nullptr);
+    const auto [options, status] = vorpel::playground::parseCommandLine(argc, argv);
+    if (!options) return status;
+    try {
+        vorpel::playground::runPlayground(*options);
+        return 0;
+    } catch (const std::exception& error) {
+        vorpel::playground::report(error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "text_area.h"
+
+#include "platform/characters.h"
+#include "ui/painter.h"
+#include "ui/path.h"
+#include "ui/touch.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace vorpel::playground {
+
+namespace {
+
+constexpr ui::Font FONT{18, ui::FontWeight::Regular};
+constexpr const char* PLACEHOLDER = "Touch the keys, or type";
+constexpr double PADDING = 12;
+constexpr double CORNER_RADIUS = 10;
+constexpr double CURSOR_WIDTH = 2;
+
+// On, and as long off.
+constexpr double BLINK_SECONDS = 0.53;
+
+std::size_t cursorInBytes(const platform::PlainTextField& field) {
+    const auto before = field.documentContextBeforeInput();
+    return before ? before->size() : 0;
+}
+
+}  // namespace
+
+TextArea::TextArea(platform::PlainTextField& field, platform::RunLoop& runLoop)
+    : field_(field), runLoop_(runLoop), tap_([this](const ui::Touch& touch) {
+          if (tapHandler_) tapHandler_(characterAt(touch.locationIn(page_)));
+      }) {
+    addSubview(scroll_);
+    scroll_.contentView().addSubview(page_);
+    tap_.attachTo(*this);
+}
+
+void TextArea::refresh() {
+    const std::size_t cursor = cursorInBytes(field_);
+    const bool sameText = field_.text() == text_ && typeset_;
+    if (sameText && cursor == cursor_) return;
+    text_ = field_.text();
+    cursor_ = cursor;
+    if (!sameText) typeset();
+    placeCursor();
+}
+
+void TextArea::setLook(const Look& look) {
+    page_.look = look;
+    setNeedsDisplay();
+}
+
+void TextArea::layoutSubviews() {
+    scroll_.setFrame(bounds().insetBy(1, 1));
+    const double width = scroll_.bounds().width - 2 * PADDING;
+    if (width != typesetWidth_) typeset();
+    const double height = typeset_->height() + 2 * PADDING;
+    scroll_.setContentSize({scroll_.bounds().width, height});
+    page_.setFrame({0, 0, scroll_.bounds().width, std::max(height, scroll_.bounds().height)});
+    placeCursor();
+}
+
+void TextArea::typeset() {
+    typesetWidth_ = scroll_.bounds().width - 2 * PADDING;
+    typeset_.emplace(text_, FONT, std::max(typesetWidth_, 1.0), layouts_);
+    page_.text = &*typeset_;
+    page_.isEmpty = text_.empty();
+    page_.setNeedsDisplay();
+    setNeedsLayout();
+}
+
+void TextArea::placeCursor() {
+    const ui::Rect line = typeset_->cursorAt(cursor_);
+    // Blanks at the end of a line may reach beyond it.
+    const double x = std::clamp(line.x, 0.0, std::max(typesetWidth_, 0.0)) - CURSOR_WIDTH / 2;
+    const ui::Rect cursor{PADDING + x, PADDING + line.y, CURSOR_WIDTH, line.height};
+    if (cursor == page_.cursor && page_.cursorShown) return;
+    page_.setCursor(cursor, true);
+    startBlinking();
+    // No farther than it takes to see the line.
+    const double top = scroll_.contentOffset().y;
+    const double lowest = cursor.y - PADDING;
+    const double highest = cursor.bottom() + PADDING - scroll_.bounds().height;
+    if (scroll_.bounds().height > 0) scroll_.setContentOffset({0, std::min(std::max(top, highest), lowest)});
+}
+
+void TextArea::startBlinking() {
+    blinking_ = runLoop_.scheduledTimer(BLINK_SECONDS, true,
+                                        [this] { page_.setCursor(page_.cursor, !page_.cursorShown); });
+}
+
+std::size_t TextArea::characterAt(ui::Point pointOfPage) const {
+    const std::size_t offset = typeset_->offsetAt(pointOfPage - ui::Point{PADDING, PADDING});
+    return platform::characterCount(std::string_view(text_).substr(0, offset));
+}
+
+std::size_t TextArea::characterLinesOff(int lines) const {
+    const ui::Rect cursor = page_.cursor;
+    return characterAt({cursor.x, cursor.center().y + lines * cursor.height});
+}
+
+ui::Rect TextArea::cursorRect() const {
+    return page_.cursor.offsetBy(scroll_.frame().origin() - scroll_.contentOffset());
+}
+
+void TextArea::draw(ui::Painter& painter) {
+    const ui::Path card = ui::Path::roundedRect(bounds().insetBy(0.5, 0.5), CORNER_RADIUS);
+    painter.fill(card, page_.look.card);
+    painter.stroke(card, page_.look.line, 1);
+}
+
+void TextArea::Page::setCursor(const ui::Rect& rect, bool shown) {
+    if (rect != cursor) setNeedsDisplay(cursor);
+    cursor = rect;
+    cursorShown = shown;
+    setNeedsDisplay(cursor);
+}
+
+void TextArea::Page::draw(ui::Painter& painter) {
+    if (!text) return;
+    const ui::Rect lines{PADDING, PADDING, bounds().width - 2 * PADDING, text->height()};
+    if (isEmpty) {
+        painter.drawParagraph(PLACEHOLDER, lines, {FONT, look.quietText, ui::TextAlignment::Left});
+    } else {
+        painter.drawParagraph(text->drawn(), lines, {FONT, look.text, text->alignment()});
+    }
+    if (cursorShown) painter.fill(cursor, look.accent);
+}
+
+}  // namespace vorpel::playground
