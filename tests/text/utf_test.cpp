@@ -26,26 +26,7 @@ TEST(Utf8, EveryCharacterComesBack) {
     EXPECT_EQ(expectedSize, text.size());
     EXPECT_TRUE(utf8ToCodePoints(text) == all);
     EXPECT_TRUE(utf8ToCodePointsLenient(text) == all);
-}
-
-TEST(Utf8, KnownTexts) {
-    const struct {
-        const char* text;
-        std::u32string codePoints;
-    } samples[] = {
-        {"", U""},
-        {"hello", U"hello"},
-        {"na\xC3\xAFve", U"na\u00EFve"},
-        {"\xD9\x83\xD8\xAA\xD8\xA7\xD8\xA8", U"\u0643\u062A\u0627\u0628"},
-        {"\xE2\x82\xAC", U"\u20AC"},
-        {"\xF0\x9F\x98\x80", U"\U0001F600"},
-    };
-    for (const auto& sample : samples) {
-        EXPECT_EQ(sample.codePoints, utf8ToUtf32(sample.text)) << sample.text;
-        EXPECT_EQ(sample.codePoints, utf8ToUtf32Lenient(sample.text)) << sample.text;
-        EXPECT_EQ(sample.text, utf32ToUtf8(sample.codePoints));
-    }
-    EXPECT_EQ((std::vector<int>{'a', 0, 'b'}), utf8ToCodePoints(std::string_view("a\0b", 3)));
+    EXPECT_EQ("a\xC3\xAF\xE2\x82\xAC\xF0\x9F\x98\x80", utf32ToUtf8(U"a\u00EF\u20AC\U0001F600"));
 }
 
 TEST(Utf8, BadBytesAreRefusedOrReplaced) {
@@ -98,7 +79,7 @@ TEST(Utf8, RandomBytesNeverDisagree) {
 }
 
 TEST(Utf8, NoCharacterIsWrittenAsReplacement) {
-    EXPECT_EQ("\xEF\xBF\xBD", codePointsToUtf8(std::vector<int>{0xD800}));
+    EXPECT_EQ("\xEF\xBF\xBD\xEF\xBF\xBD", codePointsToUtf8(std::vector<int>{0xD800, 0xDFFF}));
     EXPECT_EQ("\xEF\xBF\xBD\xEF\xBF\xBD", codePointsToUtf8(std::vector<int>{-1, 0x110000}));
     EXPECT_EQ("\xEF\xBF\xBD", utf32ToUtf8(std::u32string(1, static_cast<char32_t>(0xFFFFFFFF))));
 }
