@@ -86,23 +86,6 @@ TEST(ByteArrayUtils, WordsComeBackCutAtEveryLength) {
     }
 }
 
-TEST(ByteArrayUtils, TruncatedAtEveryLengthFailsWithTheWholeCodePointsRead) {
-    std::mt19937 random(4);
-    for (int round = 0; round < 500; ++round) {
-        const std::vector<int> word = randomWord(&random);
-        const std::vector<uint8_t> whole = encode(word, true);
-        for (size_t size = 0; size < whole.size(); ++size) {
-            const Decoded decoded = decode({whole.begin(), whole.begin() + static_cast<long>(size)}, 48);
-            ASSERT_FALSE(decoded.succeeded);
-            ASSERT_LE(decoded.codePoints.size(), word.size());
-            ASSERT_TRUE(std::equal(decoded.codePoints.begin(), decoded.codePoints.end(), word.begin()));
-            const size_t readSize = encode(decoded.codePoints, false).size();
-            ASSERT_EQ(static_cast<int>(readSize), decoded.position);
-            ASSERT_LT(size - readSize, 3u) << "a whole code point was left unread";
-        }
-    }
-}
-
 TEST(ByteArrayUtils, HostilePositionsReadNothingAndStay) {
     const std::vector<uint8_t> bytes = {'a', 'b', 0x1F};
     for (const int start : {-1, -1000000, 4, 1000000, NO_DICT_POS}) {

@@ -25,23 +25,6 @@ TEST(ByteReader, ReadsBigEndian) {
     EXPECT_EQ(4, reader.position());
 }
 
-TEST(ByteReader, FailureSticksAndLeavesTheCursor) {
-    const std::vector<uint8_t> bytes = {'a', 'b', 'c'};
-    ByteReader reader(bytes.data(), 3);
-    reader.skip(1);
-    EXPECT_EQ(0u, reader.readUint24());
-    EXPECT_FALSE(reader.ok());
-    EXPECT_EQ(1, reader.position());
-    int out[4] = {};
-    EXPECT_EQ(0u, reader.readUint8()) << "there would be two bytes, but the failure is for good";
-    EXPECT_EQ(NO_CODE_POINT, reader.readCodePoint());
-    EXPECT_EQ(0, reader.readString(4, out));
-    EXPECT_EQ(0, reader.skipString(4));
-    reader.seek(0);
-    reader.skip(1);
-    EXPECT_EQ(1, reader.position());
-}
-
 TEST(ByteReader, PositionsOutsideFail) {
     const std::vector<uint8_t> bytes = {'a', 'b', 'c'};
     for (const int position : {-1, 4, INT_MIN, INT_MAX}) {
@@ -63,56 +46,6 @@ TEST(ByteReader, PositionsOutsideFail) {
         EXPECT_EQ(0u, empty.readUint8());
         EXPECT_FALSE(empty.ok());
     }
-}
-
-TEST(ByteReader, CodePoints) {
-    const std::vector<uint8_t> bytes = {0x20, 0xFF, 0x00, 0x00, 0x09, 0x1E,
-                                        0xFF, 0xFF, 0x1F, 0x00, 0x06, 0x43};
-    ByteReader reader(bytes.data(), static_cast<int>(bytes.size()));
-    EXPECT_EQ(0x20, reader.readCodePoint());
-    EXPECT_EQ(0xFF, reader.readCodePoint());
-    EXPECT_EQ(0x09, reader.readCodePoint());
-    EXPECT_EQ(0x1EFFFF, reader.readCodePoint());
-    EXPECT_EQ(NO_CODE_POINT, reader.readCodePoint());
-    EXPECT_TRUE(reader.ok()) << "a terminator is no failure";
-    EXPECT_EQ(0x0643, reader.readCodePoint());
-    EXPECT_TRUE(reader.ok());
-    EXPECT_EQ(NO_CODE_POINT, reader.readCodePoint());
-    EXPECT_FALSE(reader.ok());
-}
-
-/// Where a string of `length` letters and the limit leave the cursor, with "xyz" behind the terminator.
-TEST(ByteReader, StringsConsumeOneCodePointBeyondTheLimit) {
-    const std::vector<uint8_t> bytes = {'a', 'b', 'c', 'd', 0x1F, 'x', 'y', 'z'};
-    const struct {
-        int maxLength;
-        int count;
-        int position;
-    } samples[] = {{0, 0, 1}, {1, 1, 2}, {3, 3, 4}, {4, 4, 5}, {5, 4, 5}, {INT_MAX, 4, 5}, {-1, 0, 1}};
-    for (const auto& sample : samples) {
-        ByteReader reader(bytes.data(), static_cast<int>(bytes.size()));
-        int out[8] = {-7, -7, -7, -7, -7, -7, -7, -7};
-        EXPECT_EQ(sample.count, reader.readString(sample.maxLength, out)) << sample.maxLength;
-        EXPECT_EQ(sample.position, reader.position()) << sample.maxLength;
-        EXPECT_TRUE(reader.ok());
-        for (int i = 0; i < 8; ++i) {
-            EXPECT_EQ(i < sample.count ? 'a' + i : -7, out[i]);
-        }
-        ByteReader skipper(bytes.data(), static_cast<int>(bytes.size()));
-        EXPECT_EQ(sample.count, skipper.skipString(sample.maxLength));
-        EXPECT_EQ(sample.position, skipper.position());
-    }
-}
-
-TEST(ByteReader, StringRunningOffTheEndKeepsWhatItHad) {
-    const std::vector<uint8_t> bytes = {'a', 0x00, 0x06, 0x43, 0x00, 0x06};
-    ByteReader reader(bytes.data(), static_cast<int>(bytes.size()));
-    int out[8];
-    EXPECT_EQ(2, reader.readString(8, out));
-    EXPECT_EQ('a', out[0]);
-    EXPECT_EQ(0x0643, out[1]);
-    EXPECT_FALSE(reader.ok());
-    EXPECT_EQ(4, reader.position());
 }
 
 TEST(ByteReader, RandomCallsOnRandomBytesStayInside) {

@@ -83,20 +83,14 @@ TEST_F(FilesTest, MapsWholeFilesByPathAndSuffix) {
     ASSERT_TRUE(joined);
     EXPECT_EQ(bytes, contentOf(*joined));
     EXPECT_EQ(nullptr, MmappedBuffer::openBuffer(folder_.path("dict").c_str(), ".none", false));
+    const auto empty = MmappedBuffer::openBuffer(write("empty", {}).c_str(), true);
+    ASSERT_TRUE(empty);
+    EXPECT_EQ(0u, empty->getReadOnlyByteArrayView().size());
     // The same file by a path with so many slashes that it just does not fit any more.
     const std::string base = folder_.path("");
     const std::string slashes(1024 - base.size() - std::string("dict.body").size(), '/');
     EXPECT_NE(nullptr, MmappedBuffer::openBuffer((base + slashes).c_str(), "dict.body", false));
     EXPECT_EQ(nullptr, MmappedBuffer::openBuffer((base + slashes + "/").c_str(), "dict.body", false));
-}
-
-TEST_F(FilesTest, EmptyFileIsEmptyBuffer) {
-    const std::string path = write("empty", {});
-    const auto buffer = MmappedBuffer::openBuffer(path.c_str(), true);
-    ASSERT_TRUE(buffer);
-    EXPECT_EQ(nullptr, buffer->getReadOnlyByteArrayView().data());
-    EXPECT_EQ(0u, buffer->getReadOnlyByteArrayView().size());
-    EXPECT_TRUE(buffer->isUpdatable());
 }
 
 TEST_F(FilesTest, OnlyPlainFilesAreMapped) {
@@ -149,19 +143,12 @@ TEST_F(FilesTest, FlushWritesBothRegionsAndLeavesExistingFilesAlone) {
     EXPECT_FALSE(DictFileWritingUtils::flushBufferToFileWithSuffix(base.c_str(), ".body", &buffer));
     EXPECT_EQ((std::vector<uint8_t>{1, 2, 3, 4, 5}), read("dict.body"));
     EXPECT_FALSE(DictFileWritingUtils::flushBufferToFile(folder_.path("no/such").c_str(), &buffer));
-}
 
-TEST_F(FilesTest, TailCarriesItsSize) {
-    BufferWithExtendableBuffer buffer(1000);
-    ASSERT_TRUE(buffer.extend(300));
-    std::FILE* const file = std::fopen(folder_.path("t").c_str(), "wb");
-    ASSERT_TRUE(file);
-    EXPECT_TRUE(DictFileWritingUtils::writeBufferToFileTail(file, &buffer));
-    std::fclose(file);
-    std::vector<uint8_t> expected(304);
-    expected[2] = 1;
-    expected[3] = 44;
-    EXPECT_EQ(expected, read("t"));
+    std::FILE* const tail = std::fopen(folder_.path("tail").c_str(), "wb");
+    ASSERT_TRUE(tail);
+    EXPECT_TRUE(DictFileWritingUtils::writeBufferToFileTail(tail, &buffer));
+    std::fclose(tail);
+    EXPECT_EQ((std::vector<uint8_t>{0, 0, 0, 5, 99, 2, 3, 4, 5}), read("tail")) << "its size, then itself";
 }
 
 TEST_F(FilesTest, FullDiskIsReported) {
@@ -206,25 +193,6 @@ TEST_F(FilesTest, RemovesFilesButNoFoldersBelow) {
     EXPECT_TRUE(std::filesystem::exists(dir / "below" / "b"));
 }
 
-TEST_F(FilesTest, ExistsDirTellsFoldersFromFiles) {
-    EXPECT_TRUE(FileUtils::existsDir(folder_.path("").c_str()));
-    EXPECT_FALSE(FileUtils::existsDir(write("f", {}).c_str()));
-    EXPECT_FALSE(FileUtils::existsDir(folder_.path("missing").c_str()));
-}
-
-TEST(Paths, JoinIntoExactlyTheStatedSize) {
-    const int size = FileUtils::getFilePathBufSize("dir", "name");
-    ASSERT_EQ(9, size);
-    std::vector<char> out(static_cast<size_t>(size));
-    FileUtils::getFilePath("dir", "name", size, out.data());
-    EXPECT_STREQ("dir/name", out.data());
-    const int suffixSize = FileUtils::getFilePathWithSuffixBufSize("dir/name", ".trie");
-    ASSERT_EQ(14, suffixSize);
-    out.resize(static_cast<size_t>(suffixSize));
-    FileUtils::getFilePathWithSuffix("dir/name", ".trie", suffixSize, out.data());
-    EXPECT_STREQ("dir/name.trie", out.data());
-}
-
 /// What an operation leaves in a buffer of `size` bytes that held "#".
 template <class Operation>
 std::string resultOf(int size, Operation operation) {
@@ -232,24 +200,6 @@ std::string resultOf(int size, Operation operation) {
     out[0] = '#';
     operation(size, out.data());
     return out.data();
-}
-
-TEST(Paths, PartsAreTakenOnlyIfTheyFit) {
-    const auto dirOf = [](const char* path, int size) {
-        return resultOf(size, [path](int n, char* out) { FileUtils::getDirPath(path, n, out); });
-    };
-    EXPECT_EQ("a/b", dirOf("a/b/c", 4));
-    EXPECT_EQ("#", dirOf("a/b/c", 3));
-    EXPECT_EQ("#", dirOf("abc", 10));
-    EXPECT_EQ("", dirOf("/abc", 10));
-
-    const auto nameOf = [](const char* path, int size) {
-        return resultOf(size, [path](int n, char* out) { FileUtils::getBasename(path, n, out); });
-    };
-    EXPECT_EQ("c.dic", nameOf("a/b/c.dic", 6));
-    EXPECT_EQ("#", nameOf("a/b/c.dic", 5));
-    EXPECT_EQ("b", nameOf("a/b/", 5));
-    EXPECT_EQ("c", nameOf("c", 5));
 }
 
 TEST(Paths, SuffixIsTakenOffOnlyIfItIsThere) {
