@@ -146,14 +146,14 @@ std::vector<Texts> expectedTexts(const Key& key) {
 }
 
 TEST(Tables, EachKindOfKeyShowsAndTypesWhatItsKindDoes) {
-    for (const auto& [golden, keyboard] : languages()) {
-        forEachKey(keyboard, [&, name = golden](const Key& key) {
+    for (const Language& language : languages()) {
+        forEachKey(language.keyboard, [&](const Key& key) {
             const std::vector<Texts> texts = {key.uppercaseKeyCap, key.lowercaseKeyCap, key.uppercaseOutput,
                                               key.lowercaseOutput};
-            EXPECT_EQ(texts, expectedTexts(key)) << name << " " << key.keyCapForCase(true);
+            EXPECT_EQ(texts, expectedTexts(key)) << language.golden << " " << key.keyCapForCase(true);
             EXPECT_EQ(key.toMode.has_value(), key.type == KeyType::ModeChange);
             if (key.toMode) {
-                EXPECT_EQ(keyboard.pages.at(*key.toMode).rows.size(), 4U);
+                EXPECT_EQ(language.keyboard.pages.at(*key.toMode).rows.size(), 4U);
             }
         });
     }
