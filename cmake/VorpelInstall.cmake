@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-# What `cmake --install` lays down: library, headers, tool, language data, CMake package, pkg-config file.
+# What `cmake --install` lays down: library, headers, programs, language data, CMake package, pkg-config file.
 include(CMakePackageConfigHelpers)
 include(PublicHeaders)
 
@@ -7,7 +7,7 @@ set(data_destination ${CMAKE_INSTALL_DATADIR}/vorpel)
 set(package_destination ${CMAKE_INSTALL_LIBDIR}/cmake/vorpel)
 
 install(TARGETS libvorpel EXPORT vorpelTargets)
-install(TARGETS vorpel)
+install(TARGETS vorpel vorpel-playground)
 install(DIRECTORY include/vorpel DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # Inside the tree headers name each other from src/; installed, they must not meet a host's own "text/..."

@@ -7,12 +7,6 @@ namespace {
 
 using Phase = Touched::Phase;
 
-/// A finger on a touchpad moves the pointer; it does not touch what is on the screen.
-bool isOnScreen(SDL_TouchID device) {
-    const SDL_TouchDeviceType type = SDL_GetTouchDeviceType(device);
-    return type != SDL_TOUCH_DEVICE_INDIRECT_ABSOLUTE && type != SDL_TOUCH_DEVICE_INDIRECT_RELATIVE;
-}
-
 std::optional<InputEvent> editingKey(SDL_Keycode key) {
     switch (key) {
         case SDLK_LEFT:
@@ -86,7 +80,7 @@ std::optional<InputEvent> EventTranslation::mouse(Phase phase, Uint32 source, in
 }
 
 std::optional<InputEvent> EventTranslation::finger(Phase phase, const SDL_TouchFingerEvent& event) {
-    if (event.touchId == SDL_MOUSE_TOUCHID || !isOnScreen(event.touchId)) return std::nullopt;
+    if (event.touchId == SDL_MOUSE_TOUCHID || !isTouchscreen_(event.touchId)) return std::nullopt;
     const Finger finger{event.touchId, event.fingerId};
     if (phase == Phase::Down) fingers_.insert_or_assign(finger, ++lastFinger_);
     const auto found = fingers_.find(finger);

@@ -6,6 +6,7 @@
 
 #include <SDL.h>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -40,6 +41,11 @@ using InputEvent = std::variant<Touched, Typed, EditingKey, TouchesLost, Uncover
 /// reports as a mouse is one touch.
 class EventTranslation {
 public:
+    /// Asked of each touch. A finger on a touchpad does not touch what is on the screen: it moves the
+    /// pointer.
+    explicit EventTranslation(std::function<bool(SDL_TouchID)> isTouchscreen)
+        : isTouchscreen_(std::move(isTouchscreen)) {}
+
     /// The window's size in points, and SDL's units of window coordinates in a point.
     void setMeasures(ui::Size size, double unitsPerPoint);
 
@@ -54,6 +60,7 @@ private:
     [[nodiscard]] std::optional<InputEvent> finger(Touched::Phase phase, const SDL_TouchFingerEvent& event);
     [[nodiscard]] std::optional<InputEvent> windowEvent(Uint8 event);
 
+    std::function<bool(SDL_TouchID)> isTouchscreen_;
     ui::Size size_;
     double unitsPerPoint_ = 1;
     bool mouseHeld_ = false;

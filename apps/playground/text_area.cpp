@@ -77,14 +77,16 @@ void TextArea::placeCursor() {
     // Blanks at the end of a line may reach beyond it.
     const double x = std::clamp(line.x, 0.0, std::max(typesetWidth_, 0.0)) - CURSOR_WIDTH / 2;
     const ui::Rect cursor{PADDING + x, PADDING + line.y, CURSOR_WIDTH, line.height};
-    if (cursor == page_.cursor && page_.cursorShown) return;
     page_.setCursor(cursor, true);
     startBlinking();
-    // No farther than it takes to see the line.
-    const double top = scroll_.contentOffset().y;
-    const double lowest = cursor.y - PADDING;
-    const double highest = cursor.bottom() + PADDING - scroll_.bounds().height;
-    if (scroll_.bounds().height > 0) scroll_.setContentOffset({0, std::min(std::max(top, highest), lowest)});
+    scrollToCursor();
+}
+
+/// No farther than it takes to see the line.
+void TextArea::scrollToCursor() {
+    const double lowest = page_.cursor.y - PADDING;
+    const double highest = page_.cursor.bottom() + PADDING - scroll_.bounds().height;
+    scroll_.setContentOffset({0, std::min(std::max(scroll_.contentOffset().y, highest), lowest)});
 }
 
 void TextArea::startBlinking() {

@@ -59,6 +59,7 @@ private:
 
     void typeset();
     void placeCursor();
+    void scrollToCursor();
     void startBlinking();
     [[nodiscard]] std::size_t characterAt(ui::Point pointOfPage) const;
 

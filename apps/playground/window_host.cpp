@@ -33,6 +33,11 @@ double scaleOfDensity(SDL_Window& window) {
     return std::clamp(std::floor(density / DENSITY), 1.0F, 4.0F);
 }
 
+bool isTouchscreen(SDL_TouchID device) {
+    const SDL_TouchDeviceType type = SDL_GetTouchDeviceType(device);
+    return type != SDL_TOUCH_DEVICE_INDIRECT_ABSOLUTE && type != SDL_TOUCH_DEVICE_INDIRECT_RELATIVE;
+}
+
 SDL_Window* openWindow(double width) {
     SDL_Window* const window =
         SDL_CreateWindow("Vorpel playground", SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
@@ -51,7 +56,8 @@ WindowHost::WindowHost(const WindowShape& shape, Playground& playground, platfor
       stopwatch_(stopwatch),
       wantedScale_(shape.scale),
       window_(openWindow(shape.width)),
-      picture_(*window_) {
+      picture_(*window_),
+      translation_(isTouchscreen) {
     const double units = measure().unitsPerPoint();
     const ui::Size least = Playground::LEAST_SIZE;
     SDL_SetWindowMinimumSize(window_.get(), static_cast<int>(std::ceil(least.width * units)),
