@@ -66,7 +66,8 @@ public:
     [[nodiscard]] std::optional<double> nextDeadline() const;
 
     /// Runs the blocks handed in so far and every timer that is due, earliest first, those of one time in
-    /// the order in which they were scheduled. What these start anew waits for the next call.
+    /// the order in which they were scheduled. Timers that these start wait for the next call; blocks that
+    /// they hand in run at the end of this one.
     void runDue();
 
     /// Timers that have not been stopped and have not fired for the last time.

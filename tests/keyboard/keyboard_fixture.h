@@ -190,8 +190,10 @@ public:
     [[nodiscard]] ForwardingView& keys() const { return *controller->plane().forwardingView; }
     [[nodiscard]] std::size_t popups() const { return controller->plane().popupLayer->subviews().size(); }
 
-    /// But for the clock of the look, which always runs.
-    [[nodiscard]] std::size_t timers() const { return platform.runLoop.timerCount() - 1; }
+    /// But for the one that asks how the field looks.
+    [[nodiscard]] std::size_t timers() const {
+        return platform.runLoop.timerCount() - (controller->pollsTraits() ? 1U : 0U);
+    }
 
     /// Names of the keys on show whose ground says that they are held. Shift's says something else.
     [[nodiscard]] std::vector<std::string> highlighted() const {

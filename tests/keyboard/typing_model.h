@@ -53,7 +53,10 @@ public:
         const Key* const key = nearestKey_(point);
         const bool isTaken = takeFromOthers(key);
         fingers_[finger] = key;
-        if (key && !isTaken) press(*key, isRepeat);
+        // Where hosts embed it, two taps count as such on one key only.
+        const bool isSameKey = !isEmbedded_ || key == lastKey_;
+        if (key && !isTaken) lastKey_ = key;
+        if (key && !isTaken) press(*key, isRepeat && isSameKey);
     }
 
     void move(int finger, ui::Point point) {
@@ -214,6 +217,7 @@ private:
     NearestKey nearestKey_;
     bool isEmbedded_;
     double now_ = 0;
+    const Key* lastKey_ = nullptr;
     double lastDown_ = -1;
     ui::Point lastPoint_;
     std::map<int, const Key*> fingers_;  // those that are down, with the key that each holds

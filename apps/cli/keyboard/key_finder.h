@@ -10,7 +10,7 @@
 namespace vorpel::cli {
 
 /// The key of a page that types the text or has it on its face; or that bears one of the names shift,
-/// backspace, globe, emoji, space and return. Null when there is none.
+/// backspace, globe, emoji, space, return and dismiss. Null when there is none.
 const Key* findKey(const KeyPlane& plane, int page, const std::string& text);
 
 /// What a person would call the key.

@@ -3,6 +3,7 @@
 
 #include "data_folders.h"
 #include "keyboard/model/preference_keys.h"
+#include "keyboard/theme_file.h"
 #include "platform/manual_time.h"
 #include "platform/posix/thread_operation_queue.h"
 #include "ui/cairo/bitmap.h"
@@ -57,6 +58,7 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
                 .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); }},
       window_(runLoop_) {
     userDefaults_.setString(preferences::LANGUAGE, shape.language);
+    if (!shape.themeFile.empty()) applyThemeFile(shape.themeFile, userDefaults_);
     host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
                                           : platform::InterfaceOrientation::Portrait;
     platform::TextInputTraits traits = shape.field;

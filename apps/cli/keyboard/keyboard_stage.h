@@ -26,7 +26,8 @@ struct StageShape {
     bool isPad = false;
     bool isLandscape = false;
     bool isDark = false;
-    bool hasBar = false;  ///< the bar above the keys is on show
+    bool hasBar = false;    ///< the bar above the keys is on show
+    std::string themeFile;  ///< empty for the built-in look
     platform::TextInputTraits field;
 };
 

@@ -59,6 +59,8 @@ ui::View* ForwardingView::findNearestView(ui::Point position) {
 
 double ForwardingView::distanceBetween(const ui::Rect& rect, ui::Point point) const {
     if (rect.contains(point)) return 0;
+    // Nothing is near to what has no room.
+    if (rect.isEmpty()) return std::numeric_limits<double>::infinity();
     const double x = std::clamp(point.x, rect.x, rect.right());
     const double y = std::clamp(point.y, rect.y, rect.bottom());
     return std::hypot(point.x - x, point.y - y);
@@ -85,7 +87,10 @@ bool ForwardingView::ownView(const ui::Touch* newTouch, ui::View* viewToOwn) {
 void ForwardingView::resetTrackedViews() {
     // An action may get here again.
     const auto held = std::exchange(touchToView_, {});
-    for (const auto& [touch, view] : held) handleControl(view, ControlEvent::TouchCancel);
+    const ui::ViewWatch watch(*this);
+    for (const auto& [touch, view] : held) {
+        if (watch.isAlive()) handleControl(view, ControlEvent::TouchCancel);
+    }
 }
 
 ui::View* ForwardingView::viewOf(const ui::Touch* touch) const {
@@ -93,11 +98,15 @@ ui::View* ForwardingView::viewOf(const ui::Touch* touch) const {
     return found == touchToView_.end() ? nullptr : found->second;
 }
 
+// A host that is told something by a key may take the whole keyboard away.
 void ForwardingView::touchesBegan(ui::Touches touches) {
+    const ui::ViewWatch watch(*this);
     for (const ui::Touch* const touch : touches) {
+        if (!watch.isAlive()) return;
         ui::View* const view = findNearestView(touch->locationIn(*this));
         if (!view || ownView(touch, view)) continue;
         handleControl(view, ControlEvent::TouchDown);
+        if (!watch.isAlive()) return;
         // A key that changed the page has let its touch go, and its view may be another key's by now.
         const bool isHeld = viewOf(touch) == view;
         if (isHeld && touch->tapCount() > 1) handleControl(view, ControlEvent::TouchDownRepeat);
@@ -105,7 +114,9 @@ void ForwardingView::touchesBegan(ui::Touches touches) {
 }
 
 void ForwardingView::touchesMoved(ui::Touches touches) {
+    const ui::ViewWatch watch(*this);
     for (const ui::Touch* const touch : touches) {
+        if (!watch.isAlive()) return;
         ui::View* const oldView = viewOf(touch);
         ui::View* const newView = oldView ? findNearestView(touch->locationIn(*this)) : nullptr;
         if (!newView) continue;
@@ -118,21 +129,24 @@ void ForwardingView::touchesMoved(ui::Touches touches) {
             startTime.reset();
         }
         handleControl(oldView, ControlEvent::TouchDragExit);
+        // The key that was left may have let the touch go, with all others.
+        if (!watch.isAlive() || viewOf(touch) != oldView) continue;
         const bool taken = ownView(touch, newView);
         handleControl(newView, taken ? ControlEvent::TouchDragInside : ControlEvent::TouchDragEnter);
     }
 }
 
 void ForwardingView::touchesEnded(ui::Touches touches) {
+    const ui::ViewWatch watch(*this);
     for (const ui::Touch* const touch : touches) {
+        if (!watch.isAlive()) return;
         ui::View* const view = viewOf(touch);
-        if (timerOn) {
+        touchToView_.erase(touch);
+        if (std::exchange(timerOn, false)) {
             endTimedPress(view);
         } else {
             endTouch(*touch, view);
         }
-        touchToView_.erase(touch);
-        timerOn = false;
     }
 }
 
@@ -148,17 +162,20 @@ void ForwardingView::endTouch(const ui::Touch& touch, ui::View* view) {
 
 void ForwardingView::endTimedPress(ui::View* view) {
     timer.invalidate();
-    if (startTime && runLoop_.now() - *startTime < LONGEST_TAP) {
-        notificationCenter_.post({"open Emoji Keyboard", {}});
-    }
+    const bool isTap = startTime && runLoop_.now() - *startTime < LONGEST_TAP;
     startTime.reset();
-    handleControl(view, ControlEvent::TouchCancel);
+    const ui::ViewWatch watch(*this);
+    if (isTap) notificationCenter_.post({"open Emoji Keyboard", {}});
+    if (watch.isAlive()) handleControl(view, ControlEvent::TouchCancel);
 }
 
 void ForwardingView::touchesCancelled(ui::Touches touches) {
+    const ui::ViewWatch watch(*this);
     for (const ui::Touch* const touch : touches) {
-        handleControl(viewOf(touch), ControlEvent::TouchCancel);
+        if (!watch.isAlive()) return;
+        ui::View* const view = viewOf(touch);
         touchToView_.erase(touch);
+        handleControl(view, ControlEvent::TouchCancel);
     }
 }
 
@@ -166,7 +183,7 @@ void ForwardingView::didMoveToWindow() {
     if (!window()) resetTrackedViews();
 }
 
-// The names are not those that the controller registers: only a subclass that names its actions so is known.
+// The controller names its action otherwise: only a subclass that uses this name is known.
 bool ForwardingView::isBackspaceButton(const ui::View* view) const {
     return hasActionNamed(view, ControlEvent::TouchDown, "backspaceDown:");
 }

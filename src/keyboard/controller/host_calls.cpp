@@ -3,40 +3,49 @@
 #include "keyboard/model/preference_keys.h"
 #include "keyboard/settings/default_settings.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace vorpel {
 
+/// A host's view that was destroyed has left the tree, and only its address is left here.
+ui::View* KeyboardViewController::ifStillHere(ui::View* hostView) const {
+    return std::ranges::find(view_.subviews(), hostView) != view_.subviews().end() ? hostView : nullptr;
+}
+
 void KeyboardViewController::addTopBarView(ui::View& viewForTopBar) {
-    if (topBarView && topBarView != &viewForTopBar) topBarView->removeFromSuperview();
+    if (ui::View* const old = ifStillHere(topBarView); old && old != &viewForTopBar) {
+        old->removeFromSuperview();
+    }
     isTopBar = true;
     topBarView = &viewForTopBar;
     topBarView->setFrame({0, 0, view_.bounds().width, metric("topBar")});
     topBarView->setHidden(false);
     if (bannerView_) isBannerView = true;
     view_.addSubview(*topBarView);
-    view_.bringSubviewToFront(*plane().popupLayer);
     layoutPass();
 }
 
 void KeyboardViewController::hideTopBarView() {
     isTopBar = false;
-    if (topBarView) topBarView->setHidden(true);
+    if (ui::View* const bar = ifStillHere(topBarView)) bar->setHidden(true);
     layoutPass();
 }
 
 void KeyboardViewController::showTopBarView() {
     isTopBar = true;
-    if (topBarView) {
-        topBarView->setHidden(false);
-        const ui::Rect frame = topBarView->frame();
-        topBarView->setFrame({frame.x, frame.y, frame.width, metric("topBar")});
+    if (ui::View* const bar = ifStillHere(topBarView)) {
+        bar->setHidden(false);
+        const ui::Rect frame = bar->frame();
+        bar->setFrame({frame.x, frame.y, frame.width, metric("topBar")});
     }
     layoutPass();
 }
 
 void KeyboardViewController::openCustom(ui::View& viewForCustom) {
-    if (customView && customView != &viewForCustom) customView->removeFromSuperview();
+    ui::View* const old = ifStillHere(customView);
+    if (!old) bannerWasShown_ = isBannerView;
+    if (old && old != &viewForCustom) old->removeFromSuperview();
     plane().forwardingView->resetTrackedViews();
     isBannerView = false;
     isForwordView = false;
@@ -49,11 +58,11 @@ void KeyboardViewController::openCustom(ui::View& viewForCustom) {
 
 void KeyboardViewController::dismissCustom() {
     platform().userDefaults.setBool(preferences::FAKE_TEXT_FIELD_ENABLED, false);
-    if (customView) customView->removeFromSuperview();
+    if (ui::View* const old = ifStillHere(customView)) old->removeFromSuperview();
     customView = nullptr;
     isCustomView = false;
     // Nothing else is left to show.
-    isBannerView = true;
+    isBannerView = bannerWasShown_;
     isForwordView = true;
     layoutPass();
 }
@@ -82,7 +91,7 @@ void KeyboardViewController::showOverlayView(ui::View& overlayV) {
 
 void KeyboardViewController::hideOverlayView() {
     if (!isOverlay) return;
-    overlayView->removeFromSuperview();
+    if (ui::View* const overlay = ifStillHere(overlayView)) overlay->removeFromSuperview();
     overlayView = nullptr;
     isOverlay = false;
 }

@@ -31,8 +31,9 @@ void KeyboardViewController::setupKeys() {
 // The order is that in which the actions of one event run.
 void KeyboardViewController::setupKey(KeyboardKey& view, const Key& key) {
     view.removeAllTargets();
-    // Before all: a mode key's own action takes away what else its view was to do.
-    add(view, "playKeySound", TouchDown, &Controller::playKeySound);
+    const bool isModeKey = key.type == KeyType::ModeChange;
+    // First: its own action takes away what else its view was to do.
+    if (isModeKey) add(view, "playKeySound", TouchDown, &Controller::playKeySound);
     setupSpecialKey(view, key);
     if (key.isCharacter() && !isPad()) setupPopup(view);
     if (key.hasOutput()) {
@@ -40,13 +41,14 @@ void KeyboardViewController::setupKey(KeyboardKey& view, const Key& key) {
         add(view, "addCharacterToListWithSender:", TouchDownRepeat, &Controller::addCharacterToList);
     }
     // Their ground tells the state of shift, or changes with the page.
-    if (key.type != KeyType::Shift && key.type != KeyType::ModeChange) {
+    if (key.type != KeyType::Shift && !isModeKey) {
         add(view, "highlightKeyWithSender:", TouchDown | TouchDragInside | TouchDragEnter,
             &Controller::highlightKey);
         add(view, "unHighlightKeyWithSender:",
             TouchUpInside | TouchUpOutside | TouchDragOutside | TouchDragExit | TouchCancel,
             &Controller::unHighlightKey);
     }
+    if (!isModeKey) add(view, "playKeySound", TouchDown, &Controller::playKeySound);
 }
 
 void KeyboardViewController::setupSpecialKey(KeyboardKey& view, const Key& key) {

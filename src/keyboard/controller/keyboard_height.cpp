@@ -45,7 +45,8 @@ double KeyboardViewController::getheightForOrientation(InterfaceOrientation orie
     }
     if (withTopBanner) height += metric("topBanner");
     if (withTopBar) height += metric("topBar");
-    if (withCustomView && customView) height += customView->frame().height;
+    const ui::View* const custom = withCustomView ? ifStillHere(customView) : nullptr;
+    if (custom) height += custom->frame().height;
     return height;
 }
 

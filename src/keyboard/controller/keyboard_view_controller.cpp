@@ -5,6 +5,7 @@
 #include "keyboard/model/default_keyboard.h"
 #include "keyboard/model/preference_keys.h"
 #include "keyboard/settings/default_settings.h"
+#include "keyboard/theme/theme_color.h"
 
 #include <utility>
 
@@ -68,6 +69,9 @@ void KeyboardViewController::makePlane(KeyPlane& plane, Keyboard model) {
         // One of its keys may be the one whose action is running.
         platform().runLoop.async([old = std::make_shared<KeyPlane>(std::move(plane))] {});
         plane = {};
+        keysArray.clear();
+        keyFramesArray.clear();
+        keyCharArray.clear();
     }
     plane.model = std::move(model);
     plane.forwardingView = makeForwardingView();
@@ -79,13 +83,20 @@ void KeyboardViewController::viewDidLoad() {
     setupKludge();
 }
 
+void KeyboardViewController::viewWillAppear() {
+    if (traitPollingTimer_) traitPollingTimer_->setPaused(false);
+}
+
 void KeyboardViewController::viewWillDisappear() {
     // A key that is held when the keyboard goes away would be held for ever.
     plane().forwardingView->resetTrackedViews();
     cancelBackspaceTimers();
     hidePopupCallback();
+    // Nobody sees what surrounds a keyboard that is away.
+    if (traitPollingTimer_) traitPollingTimer_->setPaused(true);
 }
 
+/// A view that fills the keyboard and is never seen: what a subclass hangs its own views' sizes on.
 void KeyboardViewController::setupKludge() {
     kludge_.setHidden(true);
     kludge_.setFrame(view_.bounds());
@@ -100,6 +111,8 @@ void KeyboardViewController::viewDidLayoutSubviews() {
                                               isCustomView, isForwordView);
     setHeight(keyboardHeight_);
     stackViews();
+    // A theme may have come since the last pass.
+    plane().layout->updateKeyAppearance();
 }
 
 void KeyboardViewController::setupLayout() {
@@ -131,12 +144,12 @@ void KeyboardViewController::stackViews() {
     const double width = view_.bounds().width;
     double y = 0;
     if (isTopBar) {
-        if (topBarView) topBarView->setFrame({0, y, width, metric("topBar")});
+        if (ui::View* const bar = ifStillHere(topBarView)) bar->setFrame({0, y, width, metric("topBar")});
         y += metric("topBar");
     }
-    if (isCustomView && customView) {
-        const ui::Rect frame = customView->frame();
-        customView->setFrame({frame.x, y, frame.width, frame.height});
+    if (ui::View* const custom = isCustomView ? ifStillHere(customView) : nullptr) {
+        const ui::Rect frame = custom->frame();
+        custom->setFrame({frame.x, y, frame.width, frame.height});
         y += frame.height;
     }
     if (bannerView_) bannerView_->setHidden(!isBannerView);
@@ -148,9 +161,10 @@ void KeyboardViewController::stackViews() {
     keys.setHidden(!isForwordView);
     keys.setFrame({0, y, width, keys.frame().height});
     if (settingsView_) settingsView_->setFrame(keys.frame());
-    if (isOverlay && overlayView) {
-        overlayView->setFrame(keys.frame());
-        view_.bringSubviewToFront(*overlayView);
+    view_.bringSubviewToFront(*plane().popupLayer);
+    if (ui::View* const overlay = isOverlay ? ifStillHere(overlayView) : nullptr) {
+        overlay->setFrame(keys.frame());
+        view_.bringSubviewToFront(*overlay);
     }
 }
 
@@ -179,7 +193,8 @@ bool KeyboardViewController::darkMode() const {
 
 void KeyboardViewController::updateAppearance() {
     shownDark_ = darkMode();
-    view_.setBackgroundColor(shownDark_ ? DARK_BACKGROUND : LIGHT_BACKGROUND);
+    view_.setBackgroundColor(themeColor(platform().userDefaults, preferences::KEYBOARD_BACKGROUND_COLOR,
+                                        shownDark_ ? DARK_BACKGROUND : LIGHT_BACKGROUND));
     for (KeyPlane* const plane : {&english_, &arabic_}) {
         if (!plane->layout) continue;
         plane->layout->setLook(shownDark_, solidColorMode());

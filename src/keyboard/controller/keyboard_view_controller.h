@@ -89,6 +89,7 @@ public:
     // Life cycle.
 
     void viewDidLoad() override;
+    void viewWillAppear() override;
     void viewWillDisappear() override;
     void viewDidLayoutSubviews() override;
     void didRotate() override;
@@ -190,6 +191,9 @@ public:
     /// A popup waits to be hidden.
     [[nodiscard]] bool popupDelayActive() const { return popupDelayTimer.isValid(); }
 
+    /// The field is asked once a frame how it looks; not while the keyboard is away.
+    [[nodiscard]] bool pollsTraits() const { return traitPollingTimer_ && !traitPollingTimer_->isPaused(); }
+
     [[nodiscard]] virtual bool darkMode() const;
     [[nodiscard]] virtual bool solidColorMode() const { return false; }
     [[nodiscard]] const GlobalColors& globalColors() const { return *globalColors_; }
@@ -265,6 +269,7 @@ private:
     void layOutKeys();
     void stackViews();
     [[nodiscard]] double keysHeight() const;
+    [[nodiscard]] ui::View* ifStillHere(ui::View* hostView) const;
     void updateAppearance();
 
     std::unique_ptr<LayoutConstants> layoutConstants_;
@@ -281,6 +286,7 @@ private:
     double keyboardHeight_ = 0;
     bool isArabicModeOn_ = false;
     bool shownDark_ = false;
+    bool bannerWasShown_ = true;  // before the custom view took its place
     int currentMode_ = 0;
     std::optional<int> previousMode_;
     ShiftState shiftState_ = ShiftState::Disabled;

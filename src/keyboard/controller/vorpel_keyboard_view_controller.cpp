@@ -50,6 +50,10 @@ void VorpelKeyboardViewController::setupKeys() {
     const KeyboardLayout* const shown = plane().layout.get();
     if (!shown) return;
     for (const auto& [key, view] : shown->modelToView()) {
+        view->addTarget(this, "noteKey", ui::ControlEvent::TouchDown, [this, held = key](ui::Control&) {
+            downBefore_ = lastDown_;
+            lastDown_ = held;
+        });
         if (key->type != Key::KeyType::Shift) continue;
         // The next tap is a new gesture.
         view->addTarget(this, "shiftCancelled",
@@ -59,6 +63,11 @@ void VorpelKeyboardViewController::setupKeys() {
                             shiftWasMultitapped = false;
                         });
     }
+}
+
+void VorpelKeyboardViewController::shiftDoubleTapped(ui::Control& sender) {
+    // Taps are counted by time and place: the first may have been on a letter beside shift.
+    if (downBefore_ == lastDown_) KeyboardViewController::shiftDoubleTapped(sender);
 }
 
 }  // namespace vorpel

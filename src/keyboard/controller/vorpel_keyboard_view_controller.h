@@ -11,7 +11,8 @@ namespace vorpel {
 ///
 /// It has the wide set on a phone that is held sideways and is wide enough for the set's extra keys, and
 /// lays a new width out from scratch. A letter typed while shift is held ends the shift gesture, and so does
-/// a finger that leaves the shift key.
+/// a finger that leaves the shift key. Only two taps on shift itself lock it. Only two taps on shift itself
+/// lock it.
 class VorpelKeyboardViewController : public KeyboardViewController {
 public:
     /// Below this width, in points, the wide set's extra keys find no room.
@@ -22,6 +23,7 @@ public:
     void viewDidLayoutSubviews() override;
     void keyPressedHelper(ui::Control& sender) override;
     void setupKeys() override;
+    void shiftDoubleTapped(ui::Control& sender) override;
 
 protected:
     using KeyboardViewController::KeyboardViewController;
@@ -29,6 +31,8 @@ protected:
 
 private:
     double laidOutWidth_ = 0;
+    const Key* lastDown_ = nullptr;
+    const Key* downBefore_ = nullptr;  // compared only: its model may be gone
 };
 
 }  // namespace vorpel

@@ -48,6 +48,7 @@ void KeyPopup::setLook(const std::string& text, const ui::Color& face, const ui:
     face_ = face;
     textColor_ = textColor;
     border_ = border;
+    setNeedsDisplay();
 }
 
 void KeyPopup::draw(ui::Painter& painter) {

@@ -37,6 +37,7 @@ void KeyboardKey::setText(const std::string& text, double fontSize, CapKind kind
     fontSize_ = fontSize;
     kind_ = kind;
     setNeedsDisplay();
+    updatePopupLook();
 }
 
 void KeyboardKey::setShape(Shape* shape) {
@@ -48,7 +49,8 @@ void KeyboardKey::setShape(Shape* shape) {
 void KeyboardKey::setColors(const KeyColors& colors) {
     if (colors == colors_) return;
     colors_ = colors;
-    setNeedsDisplay(drawnRect());
+    setNeedsDisplay();
+    updatePopupLook();
 }
 
 void KeyboardKey::setPopupLayer(ui::View* layer, const PopupMetrics& metrics) {
@@ -64,6 +66,11 @@ void KeyboardKey::showPopup() {
     popup_->setLook(text_, colors_.popup, colors_.popupText, colors_.border);
     popup_->place({origin.x, origin.y, frame().width, frame().height}, popupLayer_->bounds(), popupMetrics_);
     popupLayer_->addSubview(*popup_);
+}
+
+/// A letter that is held while shift changes is shown as it will be typed.
+void KeyboardKey::updatePopupLook() {
+    if (hasPopup()) popup_->setLook(text_, colors_.popup, colors_.popupText, colors_.border);
 }
 
 void KeyboardKey::hidePopup() {
@@ -96,11 +103,6 @@ void KeyboardKey::drawFace(ui::Painter& painter, const ui::Color& color) {
 ui::EdgeInsets KeyboardKey::drawingOutsets() const {
     // Half of the border lies outside.
     return {BORDER, BORDER, BORDER + KeyboardKeyBackground::UNDER_LINE, BORDER};
-}
-
-ui::Rect KeyboardKey::drawnRect() const {
-    const ui::EdgeInsets out = drawingOutsets();
-    return {-out.left, -out.top, frame().width + out.left + out.right, frame().height + out.top + out.bottom};
 }
 
 void ImageKey::setImage(const std::string& path) {

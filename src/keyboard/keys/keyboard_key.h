@@ -35,7 +35,7 @@ public:
     /// Not owned; null draws the text. `shapeChanged` is for a shape that looks different now.
     [[nodiscard]] Shape* shape() const { return shape_; }
     void setShape(Shape* shape);
-    void shapeChanged() { setNeedsDisplay(drawnRect()); }
+    void shapeChanged() { setNeedsDisplay(); }
 
     [[nodiscard]] const KeyColors& colors() const { return colors_; }
     void setColors(const KeyColors& colors);
@@ -55,10 +55,9 @@ public:
 protected:
     /// What is on the face, within its bounds.
     virtual void drawFace(ui::Painter& painter, const ui::Color& color);
-    void stateChanged() override { setNeedsDisplay(drawnRect()); }
 
 private:
-    [[nodiscard]] ui::Rect drawnRect() const;
+    void updatePopupLook();
 
     std::string text_;
     double fontSize_ = 16;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/layout/keyboard_layout.h"
 #include "keyboard/model/preference_keys.h"
-#include "keyboard/theme/hex_color.h"
+#include "keyboard/theme/theme_color.h"
 #include "platform/characters.h"
 
 #include <optional>
@@ -103,11 +103,11 @@ void KeyboardLayout::updateKeyCap(ImageKey& key, const Key& model, bool fullRese
         key.setImage(imageFor(model.type));
     }
     if (model.type == KeyType::Shift) {
-        auto* const shape = static_cast<ShiftShape*>(key.shape());
-        key.setHighlighted(vorpel::uppercase(shiftState));
         const bool filled = vorpel::uppercase(shiftState);
         const bool locked = shiftState == ShiftState::Locked;
-        if (shape->setState(filled, locked)) key.shapeChanged();
+        key.setHighlighted(filled);
+        auto* const shape = dynamic_cast<ShiftShape*>(key.shape());
+        if (shape && shape->setState(filled, locked)) key.shapeChanged();
     }
     updateKeyCapText(key, model, uppercase, characterUppercase);
 }
@@ -139,7 +139,7 @@ void KeyboardLayout::setAppearanceForKey(ImageKey& key, const Key& model, bool d
         return;
     }
     KeyColors colors = builtInColors(darkMode, solidColorMode);
-    if (isThemed()) applyTheme(colors);
+    applyTheme(colors);
     key.setColors(colors);
 }
 
@@ -157,7 +157,7 @@ void KeyboardLayout::setAppearanceForOtherKey(ImageKey& key, const Key& model, b
         colors.face = global.returnKeySolidBlueColor();
         colors.text = global.darkModeTextColor();
     }
-    if (isThemed()) applyTheme(colors);
+    applyTheme(colors);
     key.setColors(colors);
 }
 
@@ -174,14 +174,10 @@ KeyColors KeyboardLayout::builtInColors(bool darkMode, bool solidColorMode) cons
     return colors;
 }
 
-bool KeyboardLayout::isThemed() const {
-    return parts_.userDefaults.boolForKey(preferences::IS_KEYBOARD_THEME);
-}
-
 void KeyboardLayout::applyTheme(KeyColors& colors) const {
-    const auto stored = [&](const char* key, ui::Color fallback) {
-        const std::optional<std::string> hex = parts_.userDefaults.stringForKey(key);
-        return hex ? hexStringToUIColor(*hex) : fallback;
+    if (!isThemed(parts_.userDefaults)) return;
+    const auto stored = [&](const char* key, ui::Color builtIn) {
+        return themeColor(parts_.userDefaults, key, builtIn);
     };
     colors.face = stored(preferences::KEY_COLOR, colors.face);
     colors.faceDown = colors.face.withAlpha(0.6);

@@ -48,8 +48,9 @@ public:
     [[nodiscard]] virtual bool landscapeSpecialRowWithoutSpaceBoolean(const KeyRow& row) const;
     [[nodiscard]] virtual bool landscapeSpecialKeysRowBoolean(const KeyRow& row) const;
 
-    // The frames of one row, in its order. The ...ForLandscape ones are for rows of the wide set, whose first
-    // and last keys stand outside of the row proper; the bounds may be upright all the same.
+    // The frames of one row, in its order. A row with sides has at least three keys, and one of the wide set
+    // two more than the others. The ...ForLandscape ones are for rows of the wide set, whose first and last
+    // keys stand outside of the row proper; the bounds may be upright all the same.
 
     /// Keys of one width in the middle; the gaps shrink before the keys do.
     virtual RowFrames layoutCharacterRow(const KeyRow& row, double keyWidth, double gapWidth,

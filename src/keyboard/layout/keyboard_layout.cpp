@@ -35,7 +35,7 @@ void KeyboardLayout::setLook(bool darkMode, bool solidColorMode) {
 void KeyboardLayout::layoutKeys(int pageNum, bool uppercase, bool characterUppercase, ShiftState shiftState,
                                 const Completion& completion) {
     // Keys are in their new places at once.
-    const ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
+    ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
     if (!shouldPoolKeys() && keyPool_.views().empty()) {
         positionAllPages();
         updateKeyAppearance();
@@ -48,11 +48,12 @@ void KeyboardLayout::layoutKeys(int pageNum, bool uppercase, bool characterUpper
         updateKeyAppearance();
         updateKeyCaps(true, uppercase, characterUppercase, shiftState);
     }
+    transaction.commit();
     if (completion) completion(geometry);
 }
 
 void KeyboardLayout::positionKeys(int pageNum, const Completion& completion) {
-    const ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
+    ui::Transaction transaction(superview_.window(), ui::Actions::Disabled);
     PageGeometry geometry;
     const auto keyMap = generateKeyFrames(model_, superview_.bounds(), pageNum);
     if (keyMap) {
@@ -69,6 +70,7 @@ void KeyboardLayout::positionKeys(int pageNum, const Completion& completion) {
         wordengine::Diagnostics::print("%s\n", joined.c_str());
         placeViews(*keyMap);
     }
+    transaction.commit();
     if (completion) completion(geometry);
 }
 

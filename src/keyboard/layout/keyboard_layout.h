@@ -95,7 +95,6 @@ private:
     void positionAllPages();
     void showPage(int pageNum);
     [[nodiscard]] std::string imageFor(Key::KeyType type) const;
-    [[nodiscard]] bool isThemed() const;
     [[nodiscard]] KeyColors builtInColors(bool darkMode, bool solidColorMode) const;
     void applyTheme(KeyColors& colors) const;
 

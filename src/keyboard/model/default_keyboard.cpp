@@ -3,7 +3,9 @@
 
 #include "keyboard/model/key_texts.h"
 
+#include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,6 +25,7 @@ struct ModeException {
 };
 constexpr ModeException STRAY_MODE_KEYS = {152, 131, 130};
 
+// With two signs beside it the key of these e-mail pages is too narrow for the word.
 constexpr int RETURN_SIGN_PAGES[] = {3, 4, 5};
 
 // The text pages whose bottom row has no full stop.

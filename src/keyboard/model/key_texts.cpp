@@ -7,7 +7,7 @@ namespace vorpel {
 
 namespace {
 
-// Of all symbols pages of text fields, that of the fields before another one has had this row since long.
+// The symbols page of fields that lead to a next one, forms for the most part, has the signs of the wide set.
 constexpr RowException DIVISION_SIGN_ROW = {12, 0, "[ ] { } ! % ^ ÷ + ="};
 
 constexpr RowException LATIN_EXCEPTIONS[] = {DIVISION_SIGN_ROW};

@@ -2,7 +2,7 @@
 #include "keyboard/settings/settings_colors.h"
 
 #include "keyboard/model/preference_keys.h"
-#include "keyboard/theme/hex_color.h"
+#include "keyboard/theme/theme_color.h"
 
 namespace vorpel {
 
@@ -17,12 +17,9 @@ constexpr double LINE_ALPHA = 0.15;
 constexpr double OFF_TRACK_ALPHA = 0.2;
 
 void applyTheme(SettingsColors& colors, const platform::UserDefaults& defaults) {
-    const auto apply = [&](const char* key, ui::Color& color) {
-        if (const auto hex = defaults.stringForKey(key)) color = hexStringToUIColor(*hex);
-    };
-    apply(preferences::KEYBOARD_BACKGROUND_COLOR, colors.ground);
-    apply(preferences::KEY_COLOR, colors.card);
-    apply(preferences::KEY_TEXT_COLOR, colors.text);
+    colors.ground = themeColor(defaults, preferences::KEYBOARD_BACKGROUND_COLOR, colors.ground);
+    colors.card = themeColor(defaults, preferences::KEY_COLOR, colors.card);
+    colors.text = themeColor(defaults, preferences::KEY_TEXT_COLOR, colors.text);
     // A theme says of no colour but that of its key caps that it can be read.
     colors.button = colors.text;
 }
@@ -38,7 +35,7 @@ SettingsColors SettingsColors::of(const GlobalColors& global, SettingsLook look,
                                 : global.regularKey(false, look.solidColorMode);
     colors.text = look.darkMode ? global.darkModeTextColor() : global.lightModeTextColor();
     colors.accent = colors.button = global.returnKeySolidBlueColor();
-    if (defaults.boolForKey(preferences::IS_KEYBOARD_THEME)) applyTheme(colors, defaults);
+    if (isThemed(defaults)) applyTheme(colors, defaults);
     colors.quietText = colors.text.withAlpha(colors.text.alpha * QUIET_ALPHA);
     colors.line = colors.text.withAlpha(colors.text.alpha * LINE_ALPHA);
     colors.offTrack = colors.text.withAlpha(colors.text.alpha * OFF_TRACK_ALPHA);

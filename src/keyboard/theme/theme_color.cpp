@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/theme/theme_color.h"
+
+#include "keyboard/model/preference_keys.h"
+#include "keyboard/theme/hex_color.h"
+
+namespace vorpel {
+
+bool isThemed(const platform::UserDefaults& defaults) {
+    return defaults.boolForKey(preferences::IS_KEYBOARD_THEME);
+}
+
+ui::Color themeColor(const platform::UserDefaults& defaults, const char* key, const ui::Color& builtIn) {
+    if (!isThemed(defaults)) return builtIn;
+    const auto hex = defaults.stringForKey(key);
+    return hex ? hexStringToUIColor(*hex) : builtIn;
+}
+
+}  // namespace vorpel
