@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "node/dic_node.h"
 
-#include "node/dic_node_vector.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -111,12 +109,8 @@ TEST(DicNodeTest, WordCountStopsAtItsLimit) {
     for (int words = 1; words <= 23; ++words) {
         node = nextWord(node);
         EXPECT_EQ(node.getPrevWordCount(), std::min(words, 18));
-        EXPECT_EQ(node.getTotalNodeSpaceCount(), words);
-        if (node.isTotalInputSizeExceedingLimit()) break;
         node = makeChild(node, U"b");
     }
-    EXPECT_EQ(node.getPrevWordCount(), 18);
-    EXPECT_TRUE(node.isTotalInputSizeExceedingLimit());
 }
 
 TEST(DicNodeTest, BufferIsNeverOverrun) {
@@ -175,39 +169,6 @@ TEST(DicNodeTest, CostsAndErrorsAddUp) {
     node.addCost(0, 0, false, 4, 0, ErrorTypeUtils::EDIT_CORRECTION);
     node.addCost(0, 0, false, 4, 0, ErrorTypeUtils::EDIT_CORRECTION);
     EXPECT_FALSE(node.hasMatchedOrProximityCodePoints()) << "four letters, none of them typed";
-}
-
-TEST(DicNodeTest, DigraphTurnsOneLetterIntoTwo) {
-    DicNode node = spell(U"\u00FC");
-    EXPECT_EQ(node.getNodeCodePoint(), 0xFC);
-    node.advanceDigraphIndex();
-    EXPECT_EQ(node.getNodeCodePoint(), 'u');
-    node.advanceDigraphIndex();
-    EXPECT_EQ(node.getNodeCodePoint(), 'e');
-    EXPECT_EQ(node.getDicNodeCodePoint(), 0xFC);
-    const DicNode root = nextWord(node);
-    EXPECT_FALSE(root.isInDigraph());
-    node.advanceDigraphIndex();
-    EXPECT_FALSE(node.isInDigraph());
-}
-
-TEST(DicNodeVectorTest, GrowsAndKeepsWhatItHolds) {
-    const DicNode root = makeRoot();
-    DicNodeVector vector(2);
-    for (int round = 0; round < 3; ++round) {
-        vector.clear();
-        const int count = 40 * (round + 1);
-        for (int codePoint = 1; codePoint <= count; ++codePoint) {
-            DicNodeChildList children;
-            children.add(codePoint, 0, 0, true, true, false, 1, &codePoint);
-            vector.pushLeavingChild(&root, children[0], children.codePointsOf(children[0]));
-        }
-        ASSERT_EQ(vector.getSizeAndLock(), count);
-        for (int i = 0; i < count; ++i) {
-            EXPECT_EQ(vector[i]->getNodeCodePoint(), i + 1);
-            EXPECT_EQ(vector[i]->getNodeCodePointCount(), 1);
-        }
-    }
 }
 
 }  // namespace
