@@ -25,17 +25,6 @@ struct PredictingListener final : NgramListener {
     int count = 0;
 };
 
-TEST(DamageTest, DistrustsTheHeaderSize) {
-    for (const uint32_t size : {0u, 11u, 100u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
-        Bytes file = TrieAssembler::fileOf({0});
-        for (int i = 0; i < 4; ++i)
-            file[8 + static_cast<size_t>(i)] = static_cast<uint8_t>(size >> (24 - 8 * i));
-        const auto policy = openFile(file);
-        EXPECT_TRUE(walkWords(policy.get()).empty());
-        EXPECT_TRUE(policy->isCorrupted()) << size;
-    }
-}
-
 TEST(DamageTest, MarksACountThatRunsOffTheBody) {
     for (const Bytes& body : std::vector<Bytes>{
              {0x02, 0x10, 'a', 1}, {0x81, 0x00, 0x10, 'a', 1}, {0x01, 0x10, 'a'}, {0x81}, {}}) {
@@ -60,19 +49,6 @@ TEST(DamageTest, ChildrenWithoutALetterAreDroppedQuietly) {
     ASSERT_EQ(children.getSizeAndLock(), 1);
     EXPECT_EQ(children[0]->getNodeCodePoint(), 'a');
     EXPECT_FALSE(policy->isCorrupted());
-}
-
-TEST(HostileTest, SharedSubtreesEndTheWalk) {
-    // Each array's two nodes lead to the same next array, 45 levels deep.
-    Bytes body;
-    for (int level = 0; level < 45; ++level) {
-        body.insert(body.end(), {2, 0x50, 'a', 1, 5, 0x50, 'b', 1, 1});
-    }
-    body.insert(body.end(), {1, 0x10, 'c', 1});
-    const auto policy = openBody(body);
-    EXPECT_LT(walkWords(policy.get()).size(), body.size());
-    EXPECT_TRUE(policy->isCorrupted());
-    EXPECT_EQ(positionOf(*policy, U"abbb"), 3 * 9 + 5);
 }
 
 TEST(HostileTest, ShortcutsEndWithTheirList) {

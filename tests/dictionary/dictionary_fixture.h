@@ -5,40 +5,20 @@
 #include "dictionary/ngram_listener.h"
 #include "dictionary/v2/patricia_trie_policy.h"
 #include "storage/mmapped_buffer.h"
+#include "support/memory_file.h"
 #include "support/trie_assembler.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace wordengine::test {
 
-/// A file with the given bytes, gone with the object.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const Bytes& bytes) : path_(::testing::TempDir() + "dictionaryXXXXXX") {
-        const int descriptor = ::mkstemp(path_.data());
-        if (::write(descriptor, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
-            std::abort();
-        ::close(descriptor);
-    }
-    ~TemporaryFile() { ::unlink(path_.c_str()); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const char* path() const { return path_.c_str(); }
-
-private:
-    std::string path_;
-};
-
 inline std::unique_ptr<PatriciaTriePolicy> openFile(const Bytes& file) {
-    const TemporaryFile temporaryFile(file);
-    return std::make_unique<PatriciaTriePolicy>(MmappedBuffer::openBuffer(temporaryFile.path(), false));
+    const vorpel::testing::MemoryFile memory(file);
+    return std::make_unique<PatriciaTriePolicy>(MmappedBuffer::openBuffer(memory.path().c_str(), false));
 }
 
 inline std::unique_ptr<PatriciaTriePolicy> openBody(const Bytes& body) {

@@ -164,12 +164,12 @@ TEST(ReadingHelperTest, CollectsWordsThatAreNotDeleted) {
 
 TEST(ReadingHelperTest, SpellsWordsByParentLinks) {
     FakeTrie trie;
-    trie.arrays[0] = {{{U"ab", NO_DICT_POS, Flags::FLAG_IS_TERMINAL | State::FLAG_IS_NOT_MOVED},
-                       {U"cd", NO_DICT_POS, Flags::FLAG_IS_TERMINAL | State::FLAG_IS_NOT_MOVED, 1, 77},
+    constexpr NodeFlags WORD = Flags::FLAG_IS_TERMINAL | State::FLAG_IS_NOT_MOVED;
+    trie.arrays[0] = {{{U"ab"},
+                       {U"cd", NO_DICT_POS, WORD, 1, 77},
                        {U"e", NO_DICT_POS, Flags::FLAG_IS_TERMINAL | State::FLAG_IS_DELETED, 1},
                        {U"f", NO_DICT_POS, State::FLAG_IS_NOT_MOVED, 1},
-                       {U"g", NO_DICT_POS, Flags::FLAG_IS_TERMINAL | State::FLAG_IS_NOT_MOVED, 5},
-                       {U"h", NO_DICT_POS, Flags::FLAG_IS_TERMINAL | State::FLAG_IS_NOT_MOVED, 99}}};
+                       {U"g", NO_DICT_POS, WORD, 5}}};
     const auto spell = [&trie](int pos, int maxLength, int* outProbability) {
         DynamicPtReadingHelper helper(&trie, &trie, 100);
         helper.initWithPtNodePos(pos);
@@ -190,7 +190,6 @@ TEST(ReadingHelperTest, SpellsWordsByParentLinks) {
                                               {"deleted", 3, 48},
                                               {"no word", 4, 48},
                                               {"its own parent", 5, 48},
-                                              {"a parent that is no node", 6, 48},
                                               {"no node", 50, 48},
                                               {"nowhere", NO_DICT_POS, 48}}) {
         EXPECT_EQ(spell(each.pos, each.maxLength, &probability), U"") << each.why;
@@ -259,20 +258,6 @@ TEST(ReadingHelperTest, LimitsWalks) {
                   isWalkable)
             << levelCount;
     }
-}
-
-TEST(PtNodeParamsTest, TellsMarksFromWords) {
-    const int mark[] = {CODE_POINT_BEGINNING_OF_SENTENCE, 'a'};
-    const int word[] = {'a'};
-    const auto node = [](NodeFlags flags, const int* letters, int count) {
-        return PtNodeParams(flags, NO_DICT_POS, count, letters, 1);
-    };
-    EXPECT_TRUE(node(Flags::FLAG_IS_NOT_A_WORD, mark, 2).representsNonWordInfo());
-    EXPECT_FALSE(node(0, mark, 2).representsNonWordInfo());
-    EXPECT_FALSE(node(Flags::FLAG_IS_NOT_A_WORD, word, 1).representsNonWordInfo());
-    EXPECT_FALSE(node(Flags::FLAG_IS_NOT_A_WORD, mark, 0).representsNonWordInfo());
-    EXPECT_TRUE(node(State::FLAG_WILL_BECOME_NON_TERMINAL, word, 1).willBecomeNonTerminal());
-    EXPECT_FALSE(PtNodeParams().willBecomeNonTerminal()) << "no state without the bits for it";
 }
 
 }  // namespace

@@ -23,41 +23,6 @@ int positionAfter(const FakePolicy& policy, const std::vector<int>& word, bool i
     return position;
 }
 
-TEST(PrevWordsInfoTest, HoldsOneWordOfTheAllowedLength) {
-    const std::vector<int> letters(49, 'x');
-    const PrevWordsInfo longest(letters.data(), 48, false);
-    EXPECT_TRUE(longest.isValid());
-    EXPECT_EQ(longest.getNthPrevWordCodePointCount(1), 48);
-    for (const PrevWordsInfo& empty :
-         {PrevWordsInfo(letters.data(), 49, true), PrevWordsInfo(nullptr, 3, true),
-          PrevWordsInfo(letters.data(), 0, false), PrevWordsInfo()}) {
-        EXPECT_FALSE(empty.isValid());
-        EXPECT_EQ(empty.getNthPrevWordCodePointCount(1), 0);
-    }
-    const PrevWordsInfo start(letters.data(), 0, true);
-    EXPECT_TRUE(start.isValid());
-    EXPECT_TRUE(start.isNthPrevWordBeginningOfSentence(1));
-    for (const int n : {0, 2, -1}) {
-        EXPECT_FALSE(start.isNthPrevWordBeginningOfSentence(n));
-        EXPECT_EQ(longest.getNthPrevWordCodePoints(n), nullptr);
-        EXPECT_EQ(longest.getNthPrevWordCodePointCount(n), 0);
-    }
-}
-
-TEST(PrevWordsInfoTest, FindsTheWord) {
-    FakePolicy policy;
-    policy.words = {{{'a'}, 1}, {{'U', 'p'}, 2}, {{'u', 'p'}, 3}, {{MARK}, 4}, {{MARK, 'h', 'i'}, 5}};
-    EXPECT_EQ(positionAfter(policy, {'a'}, false), 1);
-    EXPECT_EQ(positionAfter(policy, {'A'}, false), 1);
-    EXPECT_EQ(positionAfter(policy, {'A'}, false, false), NO_DICT_POS);
-    EXPECT_EQ(positionAfter(policy, {'U', 'p'}, false), 2) << "as it stands comes first";
-    EXPECT_EQ(positionAfter(policy, {'U', 'P'}, false), 3);
-    EXPECT_EQ(positionAfter(policy, {}, false), NO_DICT_POS);
-    EXPECT_EQ(PrevWordsInfo::getTerminalPtNodePosOfWord(nullptr, policy.words.begin()->first.data(), 1, false,
-                                                        true),
-              NO_DICT_POS);
-}
-
 TEST(PrevWordsInfoTest, PutsTheMarkBeforeTheBeginningOfASentence) {
     FakePolicy policy;
     const std::vector<int> full(48, 'x');
