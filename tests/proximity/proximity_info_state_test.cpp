@@ -159,12 +159,8 @@ TEST(ProximityInfoState, lengthsToKeys) {
     EXPECT_EQ(state.getInputX(0), layout.centerX('a'));
     EXPECT_EQ(state.getInputY(1), layout.centerY('s'));
     EXPECT_EQ(state.getInputX(2), -1) << "a letter without a key stays nowhere";
-    EXPECT_EQ(state.getPointToKeyLength(0, 'a'), 0.0f);
     EXPECT_EQ(state.getPointToKeyLength(0, 'A'), 0.0f);
-    EXPECT_EQ(state.getPointToKeyLength(0, 's'), 1.0f);
     EXPECT_EQ(state.getPointToKeyLength(0, 'p'), 1.0f) << "capped";
-    EXPECT_EQ(state.getPointToKeyLength(0, '\''), 0.0f);
-    EXPECT_EQ(state.getPointToKeyLength(0, '-'), 0.0f);
     EXPECT_EQ(state.getPointToKeyLength(0, 0x416), 1e7f);
     EXPECT_EQ(state.getPointToKeyByIdLength(0, NO_INDEX), 1e7f);
     EXPECT_EQ(state.getPrimaryOriginalCodePointAt(1), 's');
@@ -172,40 +168,6 @@ TEST(ProximityInfoState, lengthsToKeys) {
     const int word[] = {'a', 'S', 0x416};
     EXPECT_TRUE(state.sameAsTyped(word, 3));
     EXPECT_FALSE(state.sameAsTyped(word, 2));
-
-    Typed halfWay = typedAt(layout, "gg");
-    halfWay.xs[0] += 50;
-    halfWay.enter(*info, state);
-    EXPECT_EQ(state.getPointToKeyLength(0, 'g'), 0.25f);
-    EXPECT_EQ(state.getPointToKeyLength(0, 'h'), 0.25f);
-    EXPECT_EQ(state.getSampledPoints().sampledLengthCache[1], 50);
-}
-
-TEST(ProximityInfoState, proximityTypes) {
-    const Layout layout = qwertyLayout();
-    const auto info = layout.build();
-    ProximityInfoState state;
-    Typed typed = typedAt(layout, "eg");
-    typed.add(0xE9, layout.centerX('e'), layout.centerY('e'), 0);
-    typed.enter(*info, state);
-    struct {
-        int index, codePoint;
-        ProximityType type;
-    } const cases[] = {
-        {0, 'e', PROXIMITY_MATCH},         {0, 'E', PROXIMITY_MATCH},        {0, 0xE9, PROXIMITY_MATCH},
-        {0, 'w', PROXIMITY_NEAR},          {0, 'W', PROXIMITY_NEAR},         {0, 'd', PROXIMITY_NEAR},
-        {0, 0xF0, PROXIMITY_SUBSTITUTION}, {0, 'a', PROXIMITY_SUBSTITUTION}, {0, -1, PROXIMITY_SUBSTITUTION},
-        {1, 0x11D, PROXIMITY_MATCH},       {1, 0x125, PROXIMITY_NEAR},       {1, 'q', PROXIMITY_SUBSTITUTION},
-        {2, 0xE9, PROXIMITY_MATCH},        {2, 'e', PROXIMITY_NEAR},         {2, 0xEA, PROXIMITY_NEAR},
-        {2, 'r', PROXIMITY_NEAR},          {2, 'p', PROXIMITY_SUBSTITUTION},
-    };
-    for (const auto& point : cases) {
-        EXPECT_EQ(state.getProximityType(point.index, point.codePoint, true), point.type)
-            << point.index << " " << point.codePoint;
-        const ProximityType unchecked =
-            point.type == PROXIMITY_MATCH ? PROXIMITY_MATCH : PROXIMITY_SUBSTITUTION;
-        EXPECT_EQ(state.getProximityType(point.index, point.codePoint, false), unchecked);
-    }
 }
 
 TEST(ProximityInfoState, carelessCallersGetShortOrEmptyStates) {

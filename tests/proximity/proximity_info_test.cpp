@@ -4,7 +4,6 @@
 #include "layouts.h"
 #include "proximity/additional_proximity_chars.h"
 #include "proximity/proximity_info_utils.h"
-#include "proximity/touch_position_correction_utils.h"
 #include "text/char_utils.h"
 
 #include <gtest/gtest.h>
@@ -129,101 +128,17 @@ TEST(ProximityList, randomPointsListTheNearKeysInTheOrderOfTheirCell) {
     EXPECT_EQ(longest, 16) << "no list was ever full";
 }
 
-TEST(ProximityList, slotsOnAKeyboard) {
-    const Layout layout = qwertyLayout();
-    const auto info = layout.build();
-    const auto listOf = [&](int primary, int x, int y) {
-        std::vector<int> slots(16, 77);
-        ProximityInfoUtils::buildProximityCodePoints(*info, primary, x, y, slots.data());
-        return slots;
-    };
-    const std::vector<int> onG = listOf('g', layout.centerX('g'), layout.centerY('g'));
-    EXPECT_EQ(onG[0], 'g');
-    const auto lists = [&](int c) { return std::count(onG.begin(), onG.end(), c); };
-    for (const char near : {'f', 'h', 't', 'y', 'v', 'b'}) EXPECT_EQ(lists(near), 1) << near;
-    for (const char far : {'q', 'p', 's', 'l', ' '}) EXPECT_EQ(lists(far), 0) << far;
-    EXPECT_EQ(lists('g'), 1) << "the typed letter stands in the first slot only";
-    EXPECT_EQ(lists(ADDITIONAL_CHARS_DELIMITER), 0) << "no locale is kept, so it offers nothing";
-
-    std::vector<int> onlyTyped(16, NO_CODE_POINT);
-    onlyTyped[0] = 'e';
-    EXPECT_EQ(listOf('e', -1, 30), onlyTyped);
-    EXPECT_EQ(listOf('e', 30, -1), onlyTyped);
-    EXPECT_EQ(listOf('e', 30, -200), onlyTyped) << "a cell above the grid";
-    EXPECT_EQ(listOf('e', 10000, 10000), onlyTyped) << "a cell below the grid";
-    EXPECT_EQ(listOf('e', INT_MAX, INT_MAX), onlyTyped);
-
-    EXPECT_TRUE(info->hasSpaceProximity(500, 440));
-    EXPECT_FALSE(info->hasSpaceProximity(500, 100));
-    EXPECT_FALSE(info->hasSpaceProximity(-1, 440));
-    EXPECT_FALSE(info->hasSpaceProximity(500, 10000));
-}
-
-TEST(ProximityList, gridOfAnotherSizeThanItsArray) {
-    Layout layout = qwertyLayout();
-    const std::vector<int> full = layout.chars;
-    layout.chars.resize(static_cast<size_t>(3 * 32 * 16 + 5));
-    const auto cut = layout.build();
-    EXPECT_TRUE(cut->getProximityCharsOfCell(500, 500).empty());
-    EXPECT_EQ(cut->getProximityCharsOfCell(5, 3 * layout.cellHeight()).size(), 5u) << "a cell cut in two";
-    layout.chars = full;
-    layout.chars.insert(layout.chars.end(), 64, 'x');
-    const auto extended = layout.build();
-    EXPECT_TRUE(extended->getProximityCharsOfCell(5, layout.cellHeight() * 16).empty());
-    // By the formula, what lies beyond the right edge is the start of the next row of cells.
-    const auto beyond = extended->getProximityCharsOfCell(layout.cellWidth() * 32, 0);
-    const auto next = extended->getProximityCharsOfCell(0, layout.cellHeight());
-    EXPECT_EQ(beyond.data(), next.data());
-}
-
-TEST(ProximityInfoEdges, wideKeysAndTheBottomRow) {
-    const Layout layout = qwertyLayout();
-    const auto info = layout.build();
-    const int space = layout.keyOf(' ');
-    const int centerY = layout.centerY(' ');
-    struct {
-        int x, y;
-        float expected;
-    } const cases[] = {
-        {500, centerY, 0.0f},       {300, centerY, 0.0f},       {700, centerY, 0.0f},
-        {200, centerY, 1.0f},       {800, centerY, 1.0f},       {500, centerY + 500, 0.0f},
-        {500, centerY - 50, 0.25f}, {750, centerY + 40, 0.25f},
-    };
-    for (const auto& touch : cases) {
-        EXPECT_FLOAT_EQ(info->getNormalizedSquaredDistanceFromCenterFloatG(space, touch.x, touch.y, false),
-                        touch.expected)
-            << touch.x << ", " << touch.y;
-    }
-    EXPECT_EQ(info->getKeyCenterXOfKeyIdG(-1, 5, false), 0);
-    EXPECT_EQ(info->getKeyCenterYOfKeyIdG(-1, 5, false), 0);
-    EXPECT_EQ(info->getKeyKeyDistanceG(-1, 3), 10000000);
-    EXPECT_EQ(info->getKeyKeyDistanceG(3, -1), 10000000);
-    EXPECT_EQ(info->getKeyKeyDistanceG(layout.keyOf('q'), layout.keyOf('r')), 300);
-}
-
-TEST(ProximityInfoEdges, keyRectangles) {
+TEST(ProximityInfoEdges, theRightEdgeIsOnAKeyAndTheBottomEdgeIsNot) {
     const int xs[] = {100, 100};
     const int ys[] = {50, 50};
     const int widths[] = {20, -1};
     const int heights[] = {10, 10};
-    struct {
-        int x, y;
-        bool isOn;
-        int squaredLength;
-    } const cases[] = {
-        {100, 50, true, 0},  {99, 50, false, 1},  {120, 59, true, 0},   {121, 59, false, 1},
-        {120, 60, false, 0}, {110, 49, false, 1}, {123, 64, false, 25}, {97, 46, false, 25},
+    const auto isOn = [&](int key, int x, int y) {
+        return ProximityInfoUtils::isOnKey(xs, ys, widths, heights, key, x, y);
     };
-    for (const auto& point : cases) {
-        EXPECT_EQ(ProximityInfoUtils::isOnKey(xs, ys, widths, heights, 0, point.x, point.y), point.isOn)
-            << point.x << ", " << point.y;
-        EXPECT_EQ(ProximityInfoUtils::squaredLengthToEdge(xs, ys, widths, heights, 0, point.x, point.y),
-                  point.squaredLength)
-            << point.x << ", " << point.y;
-    }
-    EXPECT_TRUE(ProximityInfoUtils::isOnKey(xs, ys, widths, heights, -1, 0, 0));
-    EXPECT_FALSE(ProximityInfoUtils::isOnKey(xs, ys, widths, heights, 1, 100, 50)) << "a key without width";
-    EXPECT_EQ(ProximityInfoUtils::squaredLengthToEdge(xs, ys, widths, heights, -1, 0, 0), 10000000);
+    EXPECT_TRUE(isOn(0, 100, 50) && isOn(0, 120, 59));
+    EXPECT_FALSE(isOn(0, 99, 50) || isOn(0, 110, 49) || isOn(0, 121, 59) || isOn(0, 120, 60));
+    EXPECT_FALSE(isOn(1, 100, 50)) << "a key without width";
 }
 
 TEST(ProximityInfoEdges, unusableSizesGiveALayoutThatAnswers) {
@@ -284,39 +199,17 @@ TEST(ProximityInfoEdges, keysBeyondTheLimitAndMissingArrays) {
     EXPECT_EQ(keyless.getKeyIndexOf('a'), NO_INDEX);
 }
 
-TEST(TouchPositionCorrection, factorIsPiecewiseLinear) {
-    struct {
-        bool isEnabled;
-        float distance, factor;
-    } const cases[] = {
-        {false, 0.3f, 0.3f},  {false, 5.0f, 1.2f},   {false, -1.0f, -1.0f}, {true, -0.1f, 0.0f},
-        {true, 0.0f, 0.0f},   {true, 0.125f, 0.12f}, {true, 0.25f, 0.24f},  {true, 0.5f, 0.56f},
-        {true, 0.75f, 0.88f}, {true, 1.0f, 1.2f},    {true, 50.0f, 1.2f},
-    };
-    for (const auto& point : cases) {
-        EXPECT_FLOAT_EQ(TouchPositionCorrectionUtils::getSweetSpotFactor(point.isEnabled, point.distance),
-                        point.factor)
-            << point.isEnabled << " " << point.distance;
-    }
-}
-
 TEST(AdditionalChars, everyVowelOffersTheOthers) {
     const std::string vowels = "aeiou";
-    for (int c = 0; c < 0x200; ++c) {
-        const bool isVowel = c < 0x80 && vowels.find(static_cast<char>(c)) != std::string::npos;
-        for (const char* locale : {"en", "en_US", "english"}) {
-            ASSERT_EQ(AdditionalProximityChars::getAdditionalCharsSize(locale, c), isVowel ? 4 : 0);
-            if (!isVowel) continue;
-            const int* const chars = AdditionalProximityChars::getAdditionalChars(locale, c);
-            std::string others = vowels;
-            others.erase(others.find(static_cast<char>(c)), 1);
-            EXPECT_EQ(std::string(chars, chars + 4), others);
-        }
+    for (const char vowel : vowels) {
+        ASSERT_EQ(AdditionalProximityChars::getAdditionalCharsSize("en_US", vowel), 4);
+        const int* const chars = AdditionalProximityChars::getAdditionalChars("en_US", vowel);
+        std::string others = vowels;
+        others.erase(others.find(vowel), 1);
+        EXPECT_EQ(std::string(chars, chars + 4), others);
+        EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize("fr", vowel), 0);
     }
-    for (const char* locale : {"", "e", "fr", "EN"}) {
-        EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize(locale, 'a'), 0);
-        EXPECT_EQ(AdditionalProximityChars::getAdditionalChars(locale, 'a'), nullptr);
-    }
+    EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize("en", 'b'), 0);
     EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize(nullptr, 'a'), 0);
 }
 

@@ -112,26 +112,6 @@ TEST(Sampling, randomTracesKeepThePointsOfTheModel) {
     EXPECT_GT(dropped, 1000);
 }
 
-TEST(Sampling, smallTracesByHand) {
-    const Layout layout = qwertyLayout();
-    const auto info = layout.build();
-    struct {
-        const char* what;
-        std::vector<int> xs, ys, kept;
-    } const cases[] = {
-        {"half way between two keys", {50, 100, 150}, {75, 75, 75}, {0, 2}},
-        {"a corner on a key", {50, 150, 150}, {75, 75, 150}, {0, 1, 2}},
-        {"an end close to the last point", {50, 150, 172}, {75, 75, 75}, {0, 1}},
-        {"a single point", {333}, {10}, {0}},
-        {"a finger that does not move", {50, 50, 50, 50}, {75, 75, 75, 75}, {0}},
-        {"back where it came from", {75, 125, 75}, {300, 300, 300}, {0, 1, 2}},
-    };
-    for (const auto& trace : cases) {
-        DrawnTrace drawn{trace.xs, trace.ys, std::vector<int>(trace.xs.size(), 0)};
-        EXPECT_EQ(sampledIndices(*info, drawn), trace.kept) << trace.what;
-    }
-}
-
 TEST(Speed, ratesAndDirectionsByHand) {
     DrawnTrace trace;
     const int xs[] = {0, 10, 20, 30, 60, 90, 120};
