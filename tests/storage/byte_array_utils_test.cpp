@@ -55,8 +55,8 @@ std::vector<int> randomWord(std::mt19937* random) {
 }
 
 TEST(ByteArrayUtils, BytesOfEachKind) {
-    EXPECT_EQ((std::vector<uint8_t>{'a', 0xE9, 0x00, 0x06, 0x43, 0x10, 0xFF, 0xFF, 0x1F}),
-              encode({'a', 0xE9, 0x643, 0x10FFFF}, true));
+    EXPECT_EQ((std::vector<uint8_t>{'a', 0xFF, 0x00, 0x06, 0x43, 0x10, 0xFF, 0xFF, 0x1F}),
+              encode({'a', 0xFF, 0x643, 0x10FFFF}, true));
     EXPECT_EQ((std::vector<uint8_t>{0x00, 0x00, 0x09}), encode({0x09}, false));
     EXPECT_EQ((std::vector<uint8_t>{0x1F}), encode({}, true));
 }
