@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A geometry file of any bytes: read by every reader there is, and searched with.
+#include "compiler/version2_writer.h"
+#include "dictionary/v2/patricia_trie_policy.h"
 #include "plain_grid.h"
 #include "proximity/proximity_info_state.h"
 #include "search/dic_traverse_session.h"
@@ -9,7 +11,6 @@
 #include "suggestion/proximity_provider.h"
 #include "support/answer_check.h"
 #include "support/memory_file.h"
-#include "support/plain_dictionary.h"
 #include "text/diagnostics.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -34,11 +34,16 @@ constexpr int MAX_RESULTS = 18;
 const wordengine::Dictionary& smallDictionary() {
     static const wordengine::Dictionary dictionary = [] {
         wordengine::Diagnostics::setStream(nullptr);
-        wordengine::testing::PlainDictionary words;
-        words.word(U"a", 200).word(U"to", 210).word(U"the", 220).word(U"then", 150).word(U"no", 160);
-        words.word(U"\u0633\u0644\u0627\u0645", 120).pair(U"to", U"the", 200);
-        return wordengine::Dictionary(
-            std::make_unique<wordengine::testing::PlainDictionary>(std::move(words)));
+        const vorpel::testing::MemoryFile file(vorpel::compiler::Version2Writer::write(
+            {{},
+             {{.word = "a", .probability = 200},
+              {.word = "to", .probability = 210, .bigrams = {{"the", 11}}},
+              {.word = "the", .probability = 220},
+              {.word = "then", .probability = 150},
+              {.word = "no", .probability = 160},
+              {.word = "سلام", .probability = 120}}}));
+        return wordengine::Dictionary(std::make_unique<wordengine::PatriciaTriePolicy>(
+            wordengine::MmappedBuffer::openBuffer(file.path().c_str(), false)));
     }();
     return dictionary;
 }

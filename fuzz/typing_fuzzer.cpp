@@ -17,7 +17,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <fuzzer/FuzzedDataProvider.h>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -32,20 +34,13 @@ constexpr size_t SHORTEST_CONTINUED_INPUT = 3;
 constexpr int OPTION_COUNT = 4;
 
 const std::vector<std::string>& someWords() {
-    static const std::vector<std::string> words = {
-        "a",          "the",   "then",
-        "there",      "their", "they",
-        "this",       "that",  "don't",
-        "won't",      "I",     "in",
-        "into",       "inner", "is",
-        "it",         "its",   "it's",
-        "of",         "off",   "to",
-        "too",        "hello", "help",
-        "held",       "café",  "naïve",
-        "New",        "York",  "new",
-        "well-known", "œuvre", "zoo",
-        "ab",         "abc",   "abcd",
-        "x",          "xx",    "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"};
+    static const std::vector<std::string> words = [] {
+        std::istringstream text(
+            "a the then there their they this that don't won't I in into inner is it its "
+            "it's of off to too hello help held café naïve New York new well-known œuvre "
+            "zoo ab abc abcd x xx xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx");
+        return std::vector<std::string>(std::istream_iterator<std::string>(text), {});
+    }();
     return words;
 }
 

@@ -3,7 +3,7 @@
 
 #include "search/brute_force_path.h"
 #include "search/model_costs.h"
-#include "search/search_fixture.h"
+#include "search/model_language.h"
 
 #include <gtest/gtest.h>
 
@@ -29,8 +29,8 @@ public:
             if (i >= KEPT && !isTie) break;
             if (!paths[i].isShown) continue;
             const double bonus = paths[i].bonus() + (commits && paths[i].hasSeveralWords ? 1 : 0);
-            expected_.push_back({paths[i].text, finalScore(paths[i].distance, points, bonus),
-                                 paths[i].isNearlyExact(), isTie, false});
+            expected_.push_back(
+                {paths[i].text, finalScore(paths[i].distance, points, bonus), paths[i].type(), isTie, false});
         }
     }
 
@@ -56,16 +56,14 @@ private:
     struct Expected {
         std::u32string text;
         int score;
-        bool isNearlyExact;
+        int type;
         bool mayBeMissing;
         bool isTaken;
 
         bool matches(const FoundWord& word) const {
             // Far below zero a 32-bit score has no units to lose.
             const double tolerance = SCORE_TOLERANCE + std::abs(static_cast<double>(score)) * 4e-7;
-            const bool isMarked =
-                (word.type & SuggestedWord::KIND_FLAG_EXACT_MATCH_WITH_INTENTIONAL_OMISSION) != 0;
-            return word.text == text && isMarked == isNearlyExact &&
+            return word.text == text && word.type == type &&
                    std::abs(static_cast<double>(word.score) - score) <= tolerance;
         }
     };

@@ -3,7 +3,7 @@
 
 #include "search/model_costs.h"
 #include "search/model_keyboard.h"
-#include "search/search_fixture.h"
+#include "search/results/suggested_word.h"
 
 #include <algorithm>
 #include <string>
@@ -71,10 +71,19 @@ struct BruteForceWord {
     int index;  ///< points used up by letters
     bool hasSeveralWords;
     bool isShown;
+    bool isOffensive;
+    bool beginsCapital;
 
     bool isExact() const { return (errors & ~7u) == 0; }
     /// A joiner may have been left out besides.
     bool isNearlyExact() const { return (errors & ~15u) == 0; }
+    /// A capitalised offensive word may be typed by accident, so it does not count as meant.
+    int type() const {
+        return SuggestedWord::KIND_CORRECTION |
+               (isOffensive ? SuggestedWord::KIND_FLAG_POSSIBLY_OFFENSIVE : 0) |
+               (isExact() && !(isOffensive && beginsCapital) ? SuggestedWord::KIND_FLAG_EXACT_MATCH : 0) |
+               (isNearlyExact() ? SuggestedWord::KIND_FLAG_EXACT_MATCH_WITH_INTENTIONAL_OMISSION : 0);
+    }
     /// Exact ones first, then the cheap ones.
     bool isBetterThan(const BruteForceWord& other) const {
         return isExact() != other.isExact() ? isExact() : distance < other.distance;

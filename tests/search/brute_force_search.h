@@ -176,8 +176,10 @@ private:
         if (path.nearKeys > 0) path.spatial += price::NEAR_KEY_AT_END;
         if (path.edits > 0) path.spatial += price::EDIT_AT_END;
         path.language += languageOf(path);
+        const ModelWord& word = *words_.find(path.prefix);
         found_.push_back({path.wordsBefore + path.prefix, path.spatial + path.language, path.errors, index,
-                          path.isLaterWord(), !words_.find(path.prefix)->isNotAWord});
+                          path.isLaterWord(), !word.isNotAWord, word.probability == 0,
+                          isCapital(path.prefix[0])});
     }
 
     double languageOf(const BruteForcePath& path) const {

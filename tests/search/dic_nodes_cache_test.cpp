@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace wordengine {
 namespace {
 
@@ -16,27 +14,17 @@ DicNode nodeOf(int distance) {
     return node;
 }
 
-class DicNodesCacheTest : public ::testing::Test {
-protected:
-    /// Pushes the distances from `count` - 1 down to 0.
-    static void push(DicNodesCache& cache, void (DicNodesCache::*operation)(const DicNode*), int count) {
-        for (int i = count - 1; i >= 0; --i) {
-            const DicNode node = nodeOf(i);
-            (cache.*operation)(&node);
-        }
+/// Pushes the distances from `count` - 1 down to 0.
+void push(DicNodesCache& cache, void (DicNodesCache::*operation)(const DicNode*), int count) {
+    for (int i = count - 1; i >= 0; --i) {
+        const DicNode node = nodeOf(i);
+        (cache.*operation)(&node);
     }
+}
 
-    static int drainActive(DicNodesCache& cache) {
-        int count = 0;
-        for (; cache.activeSize() > 0; ++count) cache.popActive(nullptr);
-        return count;
-    }
-
-    DicNodesCache large{true};
-    DicNodesCache small{false};
-};
-
-TEST_F(DicNodesCacheTest, CapacityBoundsEveryLimit) {
+TEST(DicNodesCacheTest, CapacityBoundsEveryLimit) {
+    DicNodesCache large(true);
+    DicNodesCache small(false);
     const struct {
         DicNodesCache& cache;
         int nextActiveSize, nextActiveLimit, capacity;
@@ -58,56 +46,6 @@ TEST_F(DicNodesCacheTest, CapacityBoundsEveryLimit) {
         c.cache.popActive(&worst);
         EXPECT_EQ(worst.getPrevWordsTerminalPtNodePos()[0], c.nextActiveLimit - 1) << "the best were kept";
     }
-}
-
-TEST_F(DicNodesCacheTest, PlacesAreNotLostFromRequestToRequest) {
-    for (int request = 0; request < 100; ++request) {
-        large.reset(170, 18);
-        push(large, &DicNodesCache::copyPushActive, 1);
-        for (int pass = 0; pass < 3; ++pass) {
-            push(large, &DicNodesCache::copyPushNextActive, 200);
-            push(large, &DicNodesCache::copyPushContinue, 5);
-            large.advanceActiveDicNodes();
-            ASSERT_EQ(drainActive(large), 170) << "request " << request;
-        }
-        large.continueSearch();
-        ASSERT_EQ(large.activeSize(), 5 * 3);
-        ASSERT_FALSE(large.hasCachedDicNodesForContinuousSuggestion());
-        ASSERT_EQ(large.terminalSize(), 0);
-    }
-}
-
-TEST_F(DicNodesCacheTest, NodesAreKeptOnceThreePointsBeforeTheEnd) {
-    large.reset(170, 18);
-    std::vector<int> keptAt;
-    const auto run = [&](int inputSize) {
-        keptAt.clear();
-        for (int pass = 0; pass < 10; ++pass) {
-            if (large.isCacheBorderForTyping(inputSize)) {
-                large.updateLastCachedInputIndex();
-                keptAt.push_back(pass);
-                push(large, &DicNodesCache::copyPushContinue, 4);
-            }
-            large.advanceActiveDicNodes();
-            large.advanceInputIndex(inputSize);
-        }
-    };
-    run(6);
-    EXPECT_EQ(keptAt, std::vector<int>{3});
-    large.continueSearch();
-    EXPECT_EQ(large.activeSize(), 4);
-    EXPECT_TRUE(large.isLookAheadCorrectionInputIndex(2)) << "goes on at point 3";
-    // One point more: the border moves on by one. The same size again: the nodes are not kept twice.
-    run(7);
-    EXPECT_EQ(keptAt, std::vector<int>{1});
-    large.continueSearch();
-    run(7);
-    EXPECT_TRUE(keptAt.empty());
-    EXPECT_FALSE(large.hasCachedDicNodesForContinuousSuggestion());
-    // Three points are searched from the start each time.
-    large.reset(170, 18);
-    run(3);
-    EXPECT_TRUE(keptAt.empty());
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "compiler/geometry_file_writer.h"
 #include "compiler/key_page_layout.h"
 #include "proximity/proximity_info.h"
+#include "search/model_costs.h"
 
 #include <json/json.h>
 
@@ -12,7 +13,6 @@
 #include <memory>
 #include <random>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +23,17 @@ namespace wordengine::testing {
 struct Touch {
     int x = 0;
     int y = 0;
+};
+
+/// A typed word: letters, and where they were touched.
+struct TypedWord {
+    std::vector<int> codePoints, xs, ys;
+
+    void add(char32_t letter, Touch touch) {
+        codePoints.push_back(static_cast<int>(letter));
+        xs.push_back(touch.x);
+        ys.push_back(touch.y);
+    }
 };
 
 /// The English letters page twice over: the engine's picture of it, read from the generated geometry, and
@@ -56,6 +67,13 @@ public:
         return {static_cast<int>(frame->centerX()), static_cast<int>(frame->centerY())};
     }
 
+    /// Each letter in the middle of its key.
+    TypedWord touch(const std::u32string& text) const {
+        TypedWord typed;
+        for (const char32_t letter : text) typed.add(letter, centre(smallBaseOf(letter)));
+        return typed;
+    }
+
     /// Some point up to that many key widths from the middle of the key.
     Touch around(char32_t smallLetter, double keyWidths, std::mt19937& random) const {
         const Touch middle = centre(smallLetter);
@@ -86,15 +104,6 @@ public:
         return toEdge(whole, touch.x, touch.y) < keyWidth_;
     }
     bool isNearSpace(Touch touch) const { return isListedAt(touch, *frameOf(U' ')); }
-
-    /// The letters that a finger on the middle of the key may have meant instead.
-    std::u32string neighbours(char32_t smallLetter) const {
-        std::u32string near;
-        for (char32_t letter = U'a'; letter <= U'z'; ++letter) {
-            if (letter != smallLetter && isNear(centre(smallLetter), letter)) near += letter;
-        }
-        return near;
-    }
 
 private:
     std::unique_ptr<ProximityInfo> build() const {

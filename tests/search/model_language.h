@@ -4,15 +4,24 @@
 #include "compiler/dictionary_model.h"
 #include "compiler/version2_writer.h"
 #include "dictionary/dictionary_structure_with_buffer_policy_factory.h"
+#include "dictionary/prev_words_info.h"
+#include "search/dic_traverse_session.h"
+#include "search/dictionary.h"
 #include "search/model_costs.h"
 #include "search/model_keyboard.h"
-#include "search/search_fixture.h"
-#include "support/temporary_folder.h"
+#include "search/results/suggestion_results.h"
+#include "search/suggest_options.h"
+#include "support/memory_file.h"
+#include "text/diagnostics.h"
 #include "text/utf.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -20,11 +29,45 @@
 
 namespace wordengine::testing {
 
+inline std::vector<int> codePointsOf(const std::u32string& text) {
+    return std::vector<int>(text.begin(), text.end());
+}
+
+struct FoundWord {
+    std::u32string text;
+    int score;
+    int type;
+
+    bool operator==(const FoundWord&) const = default;
+    friend std::ostream& operator<<(std::ostream& stream, const FoundWord& word) {
+        return stream << ::testing::PrintToString(word.text) << ' ' << word.score << ' ' << word.type;
+    }
+};
+
+/// Best first; the same words that a caller's queue would hold.
+inline std::vector<FoundWord> wordsOf(const SuggestionResults& results) {
+    std::vector<FoundWord> words;
+    for (const SuggestedWord& word : results.getSuggestionsVector()) {
+        const int* const begin = word.getCodePoint();
+        words.push_back({{begin, begin + word.getCodePointCount()}, word.getScore(), word.getType()});
+    }
+    std::reverse(words.begin(), words.end());
+    return words;
+}
+
+/// Null for a word that was not found.
+inline const FoundWord* find(const std::vector<FoundWord>& words, const std::u32string& text) {
+    const auto word =
+        std::find_if(words.begin(), words.end(), [&](const FoundWord& each) { return each.text == text; });
+    return word == words.end() ? nullptr : &*word;
+}
+
 /// A word of a small dictionary, and the strengths, 0 to 15, with which others follow it.
 struct ModelWord {
     int probability = 0;
     bool isNotAWord = false;
     std::map<std::u32string, int> pairs = {};
+    std::map<std::u32string, int> shortcuts = {};
 };
 
 /// A small dictionary in plain maps.
@@ -54,15 +97,16 @@ struct ModelWords {
 /// The same words in a compiled file, opened as any dictionary is, searched on the generated keyboard.
 class ModelLanguage {
 public:
+    static constexpr size_t MAX_RESULTS = 18;
+
     /// The keyboard must live as long.
     ModelLanguage(const ModelWords& words, const ModelKeyboard& keyboard)
         : proximityInfo_(keyboard.proximityInfo()) {
         Diagnostics::setStream(nullptr);
         const std::vector<uint8_t> bytes = vorpel::compiler::Version2Writer::write(modelOf(words));
-        const std::string path =
-            folder_.write("test.dic", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+        const vorpel::testing::MemoryFile file(bytes);
         auto policy = DictionaryStructureWithBufferPolicyFactory::newPolicyForFileDict(
-            path.c_str(), 0, static_cast<int>(bytes.size()));
+            file.path().c_str(), 0, static_cast<int>(bytes.size()));
         if (!policy) throw std::runtime_error("the dictionary does not open");
         dictionary_ = std::make_unique<Dictionary>(std::move(policy));
         startAfresh();
@@ -73,19 +117,20 @@ public:
 
     /// Best first.
     std::vector<FoundWord> search(const TypedWord& typed, const std::u32string& previous = {},
-                                  const int* times = nullptr) {
-        const CodePoints previousCodePoints = codePointsOf(previous);
+                                  const int* times = nullptr, const SuggestOptions* options = nullptr) {
+        const std::vector<int> previousCodePoints = codePointsOf(previous);
         const PrevWordsInfo previousWord(previousCodePoints.data(),
                                          static_cast<int>(previousCodePoints.size()), false);
-        const SuggestOptions options(nullptr, 0);
-        SuggestionResults results(SearchFixture::MAX_RESULTS);
+        SuggestionResults results(MAX_RESULTS);
         dictionary_->getSuggestions(proximityInfo_, session_.get(), typed.xs.data(), typed.ys.data(), times,
                                     nullptr, typed.codePoints.data(),
-                                    static_cast<int>(typed.codePoints.size()), &previousWord, &options, -1.0f,
+                                    static_cast<int>(typed.codePoints.size()), &previousWord, options, -1.0f,
                                     &results);
-        return SearchFixture::wordsOf(results);
+        return wordsOf(results);
     }
 
+    const Dictionary& dictionary() const { return *dictionary_; }
+    DicTraverseSession* session() { return session_.get(); }
     const SearchStatistics& statistics() const { return session_->getStatistics(); }
 
 private:
@@ -103,12 +148,14 @@ private:
             for (const auto& [target, strength] : word.pairs) {
                 entry.bigrams.push_back({utf32ToUtf8(target), strength});
             }
+            for (const auto& [target, strength] : word.shortcuts) {
+                entry.shortcuts.push_back({utf32ToUtf8(target), strength});
+            }
             model.words.push_back(std::move(entry));
         }
         return model;
     }
 
-    vorpel::testing::TemporaryFolder folder_;
     const ProximityInfo* proximityInfo_;
     std::unique_ptr<Dictionary> dictionary_;
     std::unique_ptr<DicTraverseSession> session_;

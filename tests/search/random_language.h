@@ -3,7 +3,6 @@
 
 #include "search/model_keyboard.h"
 #include "search/model_language.h"
-#include "search/search_fixture.h"
 
 #include <cstdint>
 #include <iterator>
@@ -60,10 +59,7 @@ public:
     void touch(const ModelKeyboard& keyboard, const std::u32string& text, double aim, TypedWord* typed) {
         for (const char32_t letter : text) {
             const Touch at = keyboard.around(smallBaseOf(letter), aim, random_);
-            const char32_t hit = oneIn(12) ? letter : smallBaseOf(letter);
-            typed->codePoints.push_back(static_cast<int>(hit));
-            typed->xs.push_back(at.x);
-            typed->ys.push_back(at.y);
+            typed->add(oneIn(12) ? letter : smallBaseOf(letter), at);
         }
     }
 
