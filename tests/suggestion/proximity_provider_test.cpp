@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <set>
 #include <stdexcept>
+#include <tuple>
 
 namespace vorpel {
 namespace {
@@ -109,28 +110,6 @@ TEST(ProximityProvider, eachCodeFindsItsLayoutAndCentre) {
     EXPECT_FLOAT_EQ(arabic.getKeyCoordinate('z')->x, 25.5f);
 }
 
-TEST(ProximityProvider, theFileReadLastOwnsSharedCodes) {
-    TemporaryFolder folder;
-    for (int i = 0; i < 6; ++i) {
-        Json::Value root = geometryOf("ab");
-        root["sweetSpotCenterXs"][0] = i + 0.5;
-        write(folder, "en_US_P_" + std::to_string(i), root);
-    }
-    ProximityProvider provider(folder.path(), "en");
-    const std::string last = FileUtils::getFiles(folder.path(), true, "en_US_P_").back();
-    EXPECT_FLOAT_EQ(provider.getKeyCoordinate('a')->x, static_cast<float>(last.back() - '0') + 0.5f);
-    EXPECT_NE(provider.getProximity('a'), provider.getProximity('?'));
-}
-
-TEST(ProximityProvider, noFilesNoLayouts) {
-    TemporaryFolder folder;
-    for (const std::string& directory : {folder.path(), folder.path("missing")}) {
-        ProximityProvider provider(directory, "en");
-        EXPECT_EQ(provider.getProximity('a'), nullptr);
-        EXPECT_EQ(provider.getKeyCoordinate('a')->x, 0.0f);
-    }
-}
-
 TEST(GeometryFiles, usableAndUnusableContent) {
     TemporaryFolder folder;
     const auto changed = [](const char* member, const Json::Value& value) {
@@ -178,38 +157,6 @@ TEST(GeometryFiles, usableAndUnusableContent) {
     }
 }
 
-TEST(GeometryFiles, realsAndIntegersStandInForEachOther) {
-    TemporaryFolder folder;
-    Json::Value root = geometryOf("ab");
-    root["keyXCoordinates"][1] = 10.9;
-    root["keyCount"] = 2.7;
-    root["sweetSpotCenterXs"][0] = 7;
-    const GeometryFile file = GeometryFile::load(write(folder, "g.json", root));
-    EXPECT_EQ(file.keyXCoordinates[1], 10);
-    EXPECT_EQ(file.keyCount, 2);
-    EXPECT_EQ(file.sweetSpotCenterXs[0], 7.0f);
-}
-
-TEST(GeometryFiles, damagedCopiesLoadOrFailAsTold) {
-    TemporaryFolder folder;
-    Json::Value root = geometryOf("ab");
-    root["proximityCharsArray"].resize(5);
-    const std::string whole = Json::FastWriter().write(root);
-    int loaded = 0;
-    for (size_t length = 0; length <= whole.size(); ++length) {
-        loaded += failureOf(folder, whole.substr(0, length)).empty() ? 1 : 0;
-    }
-    EXPECT_GE(loaded, 1);
-    EXPECT_LE(loaded, 2) << "with or without the last line end";
-    for (size_t at = 0; at < whole.size(); at += 11) {
-        for (const char damage : {'9', '-', '"', '\0', '\xFF', '}'}) {
-            std::string copy = whole;
-            copy[at] = damage;
-            failureOf(folder, copy);
-        }
-    }
-}
-
 /// Keys in a row of live frames, in two cases.
 struct LiveRow {
     explicit LiveRow(int count) {
@@ -254,18 +201,15 @@ TEST(LiveProximityProvider, framesGiveSweetSpotsAndFilesGiveLists) {
         EXPECT_NEAR(b->y, -0.0005677 * 50 + 50 / 2.0, 1e-4);
         EXPECT_NEAR(lower->getSweetSpotRadiiAt(1), 0.1577026 * std::hypot(32, 50), 1e-4);
         if (count < 30) continue;
-        struct {
-            int key;
-            double offsetX, offsetY, factor;
-        } const rows[] = {{9, 0.0038756, -0.0005677, 0.1577026},  {10, -0.0236678, 0.0381731, 0.1529972},
-                          {18, -0.0236678, 0.0381731, 0.1529972}, {19, -0.0086827, 0.0880847, 0.1522819},
-                          {25, -0.0086827, 0.0880847, 0.1522819}, {26, 0, 0, 0.15}};
-        for (const auto& key : rows) {
-            EXPECT_NEAR(lower->getSweetSpotCenterXAt(key.key),
-                        key.offsetX * 32 + (row.xs[key.key] + 32) / 2.0, 1e-4);
-            EXPECT_NEAR(lower->getSweetSpotCenterYAt(key.key),
-                        key.offsetY * 50 + (row.ys[key.key] + 50) / 2.0, 1e-4);
-            EXPECT_NEAR(lower->getSweetSpotRadiiAt(key.key), key.factor * std::hypot(32, 50), 1e-4);
+        // The first and the last key of each row of the table.
+        for (const auto& [key, offsetX, factor] : {std::tuple(9, 0.0038756, 0.1577026),
+                                                   {10, -0.0236678, 0.1529972},
+                                                   {18, -0.0236678, 0.1529972},
+                                                   {19, -0.0086827, 0.1522819},
+                                                   {25, -0.0086827, 0.1522819},
+                                                   {26, 0.0, 0.15}}) {
+            EXPECT_NEAR(lower->getSweetSpotCenterXAt(key), offsetX * 32 + (row.xs[key] + 32) / 2.0, 1e-4);
+            EXPECT_NEAR(lower->getSweetSpotRadiiAt(key), factor * std::hypot(32, 50), 1e-4);
         }
     }
     EXPECT_THROW(LiveRow(3).provider(folder.path("missing"), upperPath), std::runtime_error);

@@ -68,15 +68,6 @@ protected:
     testing::SmallLanguage language;
 };
 
-TEST_F(SuggestionProviderTest, MendsASlipAndSaysThatItMayReplace) {
-    Typist typist(language);
-    const RankedSuggestions ranked = typist.type("thsi");
-    ASSERT_FALSE(ranked.words.empty());
-    EXPECT_EQ(wordsOf(ranked).front(), "this");
-    EXPECT_TRUE(ranked.canAutoCorrect);
-    EXPECT_FALSE(ranked.refused);
-}
-
 TEST_F(SuggestionProviderTest, AKnownWordIsLeftOutAndNeverCorrected) {
     Typist typist(language);
     const RankedSuggestions ranked = typist.type("the");
@@ -157,16 +148,6 @@ TEST_F(SuggestionProviderTest, NumbersThatAreNoPlacesAreHarmless) {
         typist.request("t", {value, value});
         EXPECT_NO_THROW(typist.request("th", {value, 10}));
     }
-}
-
-TEST_F(SuggestionProviderTest, WordsOutsideTheLimitsHaveNoAnswer) {
-    Typist typist(language);
-    for (const std::size_t length : {0U, 49U, 200U}) {
-        const RankedSuggestions ranked = typist.request(std::string(length, 't'));
-        EXPECT_TRUE(ranked.words.empty());
-        EXPECT_FALSE(ranked.refused || ranked.canAutoCorrect);
-    }
-    EXPECT_FALSE(typist.request("t").words.empty());
 }
 
 TEST_F(SuggestionProviderTest, SafetyNetGuardsFromFourLetters) {
