@@ -60,22 +60,6 @@ TEST(GeometryTest, KeysLieWhereTheRowsPutThem) {
     }
 }
 
-TEST(GeometryTest, KeysStayOnThePageAndApart) {
-    for (const char* language : {"en", "ar"}) {
-        for (double width = 320; width <= 500; width += 5) {
-            const KeyPage page = layOutKeyPage(language, 0, width, 216);
-            for (std::size_t i = 0; i < page.keys.size(); ++i) {
-                const KeyFrame& key = page.keys[i];
-                EXPECT_GE(key.x, 0);
-                EXPECT_LE(key.x + key.width, width);
-                EXPECT_LE(key.y + key.height, 216);
-                if (i == 0 || page.keys[i - 1].y != key.y) continue;
-                EXPECT_GE(key.x, page.keys[i - 1].x + page.keys[i - 1].width);
-            }
-        }
-    }
-}
-
 TEST(GeometryTest, CellsListTheSmallLettersWithinReachNearestFirst) {
     const KeyPage page = layOutKeyPage("en", 0, 375, 216);
     const Json::Value file = parse(geometryJson(page, "en_US", LetterCase::Upper));
