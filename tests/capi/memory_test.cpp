@@ -86,17 +86,5 @@ TEST_F(ServiceTest, RunningOutOfMemoryIsToldAndForgotten) {
     vorpel_close(service);
 }
 
-TEST_F(ServiceTest, RequestsKeepNoMemory) {
-    OpenService service(english.folder().path(), "en");
-    const auto ask = [&] {
-        for (const char* word : {"hrllo", "h3l", "don't", "\xE2\x82\xAC"}) service.suggest(word);
-        service.predict("hello");
-    };
-    ask();
-    const long before = allocationsAlive;
-    for (int i = 0; i < 100; ++i) ask();
-    EXPECT_LT(allocationsAlive - before, 10) << "some buffers may still grow";
-}
-
 }  // namespace
 }  // namespace vorpel::testing

@@ -144,15 +144,5 @@ TEST_F(ServiceTest, ServicesOnDifferentThreadsDoNotMeet) {
     EXPECT_EQ(vorpel_error_text(), before) << "errors are told to the thread that made them";
 }
 
-TEST_F(ServiceTest, NothingIsPrinted) {
-    ::testing::internal::CaptureStdout();
-    {
-        OpenService service(english.folder().path(), "en");
-        service.suggest("hrllo");
-        service.predict("hello");
-    }
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
-}
-
 }  // namespace
 }  // namespace vorpel::testing
