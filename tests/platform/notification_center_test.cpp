@@ -10,66 +10,33 @@ namespace {
 
 using Observation = NotificationCenter::Observation;
 
-struct NotificationCenterTest : ::testing::Test {
-    NotificationCenter center;
+TEST(NotificationCenter, TellsThoseOfTheNameInOrderWhomeverAHandlerEndsAndBrings) {
     std::string log;
-
-    Observation observe(const std::string& name, char letter) {
-        return center.addObserver(name, [this, letter](const Notification&) { log += letter; });
-    }
-    std::string post(const std::string& name) {
-        log.clear();
-        center.post({name, {}});
-        return log;
-    }
-};
-
-TEST_F(NotificationCenterTest, TellsThoseOfTheNameInTheOrderInWhichTheyCame) {
-    const Observation first = observe("a", '1');
-    std::optional<Observation> second = observe("a", '2');
-    const Observation other = observe("b", '3');
-    const Observation third = observe("a", '4');
-    EXPECT_EQ(post("a"), "124");
-    second.reset();
-    EXPECT_EQ(post("a"), "14");
-    EXPECT_EQ(post("c"), "");
-}
-
-TEST_F(NotificationCenterTest, HandsOverWhatItIsAbout) {
-    std::optional<int> seen;
-    const Observation observation = center.addObserver("a", [&](const Notification& notification) {
-        const int* const number = std::any_cast<int>(&notification.object);
-        seen = number ? *number : -1;
-    });
-    center.post({"a", 7});
-    EXPECT_EQ(seen, 7);
-    center.post({"a", {}});
-    EXPECT_EQ(seen, -1);
-}
-
-TEST_F(NotificationCenterTest, AHandlerMayEndItselfEndOthersAndBringNewOnes) {
     std::optional<Observation> self;
     std::optional<Observation> victim;
     std::optional<Observation> brought;
-    self = center.addObserver("a", [&](const Notification&) {
-        log += 's';
-        victim.reset();
-        brought = observe("a", 'b');
-        self.reset();
-        log += '.';
-    });
-    victim = observe("a", 'v');
-    EXPECT_EQ(post("a"), "s.");
-    EXPECT_EQ(post("a"), "b");
-}
-
-TEST(NotificationCenter, AnObservationMayOutliveTheCentre) {
-    Observation observation;
     {
         NotificationCenter center;
-        observation = center.addObserver("a", [](const Notification&) {});
+        const auto observe = [&](const std::string& name, char letter) {
+            return center.addObserver(name, [&log, letter](const Notification&) { log += letter; });
+        };
+        const Observation first = observe("a", '1');
+        const Observation other = observe("b", '2');
+        self = center.addObserver("a", [&](const Notification& notification) {
+            log += std::any_cast<std::string>(notification.object);
+            victim.reset();
+            brought = observe("a", 'b');
+            self.reset();
+            log += '.';
+        });
+        victim = observe("a", 'v');
+        center.post({"a", std::string("s")});
+        EXPECT_EQ(std::exchange(log, {}), "1s.");
+        center.post({"a", {}});
+        center.post({"c", {}});
+        EXPECT_EQ(log, "1b");
     }
-    observation = Observation();
+    brought.reset();  // an observation may outlive the centre
 }
 
 }  // namespace

@@ -5,32 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <poll.h>
 #include <string>
-#include <sys/socket.h>
+#include <sys/eventfd.h>
 #include <thread>
 #include <unistd.h>
 
 namespace vorpel::platform {
 namespace {
-
-/// Two ends of a line.
-struct Line {
-    std::array<int, 2> ends{};
-    Line() {
-        if (::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) throw std::runtime_error("socketpair");
-    }
-    ~Line() {
-        for (const int end : ends) ::close(end);
-    }
-    void send(char letter) const { EXPECT_EQ(::write(ends[1], &letter, 1), 1); }
-    [[nodiscard]] char receive() const {
-        char letter = 0;
-        EXPECT_EQ(::read(ends[0], &letter, 1), 1);
-        return letter;
-    }
-};
 
 struct RunLoopDriverTest : ::testing::Test {
     SteadyClock clock;
@@ -49,22 +33,20 @@ TEST_F(RunLoopDriverTest, SleepsUntilATimerIsDueAndNoLonger) {
     EXPECT_LT(turns, 10) << "it spins instead of sleeping";
 }
 
-TEST_F(RunLoopDriverTest, WakesForBlocksOfOtherThreads) {
+TEST_F(RunLoopDriverTest, WakesForBlocksOfOtherThreadsAndStopsAlsoBeforeItRuns) {
     std::string log;
     std::thread thread([&] {
         for (int number = 0; number < 50; ++number) {
-            loop.async([&] { log += 'a'; });
+            loop.async([&, number] { log += static_cast<char>('0' + number); });
             std::this_thread::sleep_for(std::chrono::microseconds(200));
         }
         loop.async([&] { driver.stop(); });
     });
     driver.run();
     thread.join();
-    EXPECT_EQ(log, std::string(50, 'a'));
-}
-
-TEST_F(RunLoopDriverTest, CanBeStoppedFromAThreadAndBeforeItRuns) {
-    std::thread thread([&] { driver.stop(); });
+    EXPECT_EQ(log.size(), 50U);
+    EXPECT_TRUE(std::ranges::is_sorted(log)) << "out of order";
+    thread = std::thread([&] { driver.stop(); });
     driver.run();
     thread.join();
     driver.stop();
@@ -72,62 +54,41 @@ TEST_F(RunLoopDriverTest, CanBeStoppedFromAThreadAndBeforeItRuns) {
 }
 
 TEST_F(RunLoopDriverTest, WatchesWhatTheHostNamesAndTimersDoNotStarve) {
-    const Line line;
-    std::string received;
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    std::vector<short> told;
     int ticks = 0;
-    const Timer timer = loop.scheduledTimer(0.005, true, [&] { ++ticks; });
-    driver.watch(line.ends[0], POLLIN, [&](short events) {
-        EXPECT_EQ(events, POLLIN);
-        received += line.receive();
-        if (ticks >= 3) {
-            driver.stop();
-        } else {
-            line.send('b');
-        }
+    const Timer timer = loop.scheduledTimer(0.005, true, [&] {
+        if (++ticks == 3) ::close(ends[1]);
     });
-    line.send('a');
+    driver.watch(ends[0], POLLIN, [&](short events) {
+        told.push_back(events);
+        if (events & POLLHUP) driver.stop();
+    });
+    ASSERT_EQ(::write(ends[1], "a", 1), 1);  // and nobody reads it
     driver.run();
-    EXPECT_TRUE(received.starts_with("ab"));
+    ASSERT_GT(told.size(), 2U);
+    EXPECT_EQ(told.front(), POLLIN);
+    EXPECT_TRUE(told.back() & POLLHUP) << "of a line that broke";
+    ::close(ends[0]);
 }
 
 TEST_F(RunLoopDriverTest, AHandlerMayEndItsOwnWatchAndOthers) {
-    const Line first;
-    const Line second;
+    // Two that are always ready.
+    const std::array<int, 2> ready{::eventfd(1, 0), ::eventfd(1, 0)};
     int calls = 0;
-    const auto endBoth = [&](short) {
-        ++calls;
-        driver.unwatch(first.ends[0]);
-        driver.unwatch(second.ends[0]);
-    };
-    driver.watch(first.ends[0], POLLIN, endBoth);
-    driver.watch(second.ends[0], POLLIN, endBoth);
-    first.send('a');
-    second.send('b');
+    for (const int descriptor : ready) {
+        driver.watch(descriptor, POLLIN, [&](short) {
+            ++calls;
+            for (const int each : ready) driver.unwatch(each);
+        });
+    }
     const Timer timer = loop.scheduledTimer(0.02, false, [&] { driver.stop(); });
     driver.run();
     EXPECT_EQ(calls, 1);
-}
-
-TEST_F(RunLoopDriverTest, ALineThatBrokeIsTold) {
-    Line line;
-    short told = 0;
-    driver.watch(line.ends[0], POLLIN, [&](short events) {
-        told = events;
-        driver.stop();
-    });
-    ::close(std::exchange(line.ends[1], -1));
-    driver.run();
-    EXPECT_TRUE(told & POLLHUP);
-}
-
-TEST(RunLoopDriver, TheLoopMayBeCalledWhenTheDriverIsGone) {
-    const SteadyClock clock;
-    RunLoop loop(clock);
-    { const RunLoopDriver driver(loop); }
-    bool ran = false;
-    loop.async([&] { ran = true; });
-    loop.runDue();
-    EXPECT_TRUE(ran);
+    for (const int descriptor : ready) ::close(descriptor);
+    { const RunLoopDriver successor(loop); }
+    loop.async([] {});  // the loop may be called when its driver is gone
 }
 
 }  // namespace
