@@ -20,6 +20,9 @@ SdlSession::SdlSession() {
     // SDL is made for games: screens may go dark here, and compositors go on composing.
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    // On X11 the picture is shared memory; drawn by the graphics card, the first frame would wait for its
+    // driver.
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) throw SdlError("no display");
 }
 

@@ -18,8 +18,8 @@ void reportFault(const std::string& fault) {
     std::fprintf(stderr, "vorpel-playground: %s\n", fault.c_str());
 }
 
-/// SDL's own drawing starts sooner than the graphics card's, but counts pixels in units of window
-/// coordinates, which are larger on Wayland.
+/// SDL's own drawing starts sooner than the graphics card's, but takes a unit of window coordinates for a
+/// pixel, which on Wayland it need not be.
 Uint32 rendererFlags() {
     const char* const driver = SDL_GetCurrentVideoDriver();
     return driver && std::string_view(driver) == "wayland" ? 0 : SDL_RENDERER_SOFTWARE;
