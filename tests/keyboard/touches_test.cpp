@@ -175,14 +175,19 @@ TEST_F(Touches, AreLetGoOfAllAtOnce) {
 }
 
 TEST_F(Touches, LetGoOfByTheirOwnKeyAreToldNoMoreOfIt) {
-    face("q").addTarget(this, "let go", ControlEvent::TouchDown,
-                        [this](ui::Control&) { keys().resetTrackedViews(); });
+    const auto letGo = [this](ui::Control&) { keys().resetTrackedViews(); };
+    face("q").addTarget(this, "let go", ControlEvent::TouchDown, letGo);
+    face("a").addTarget(this, "let go", ControlEvent::TouchDragExit, letGo);
     for (int tap = 0; tap < 2; ++tap) {
         down(1, "q");
         move(1, "w");
         up(1);
         EXPECT_EQ(log(), (Log{"q down", "q cancel"})) << "tap " << tap;
     }
+    down(1, "a");
+    move(1, "s");
+    up(1);
+    EXPECT_EQ(log(), (Log{"a down", "a exit", "a cancel"}));
 }
 
 TEST_F(Touches, AreTakenByTheWholeViewOrNotAtAll) {
