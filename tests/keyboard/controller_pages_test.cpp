@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <vector>
 
 namespace vorpel {
 namespace {
@@ -13,7 +14,6 @@ using platform::UserInterfaceIdiom;
 using testing::Kind;
 using testing::Stage;
 
-constexpr int FIELD_TYPES = 11;
 constexpr int RETURN_TYPES = 12;
 
 /// The letters' page of each return type of a text field, by number; -1 leaves the page.
@@ -25,9 +25,9 @@ std::optional<int> pageOf(int field, int returnType) {
     return PAGES[returnType] + (field == 3 ? 6 : field == 7 ? 3 : 0);
 }
 
-/// Goes through all fields and checks their pages, which lie `base` higher.
-void expectPages(Stage& stage, int base) {
-    for (int field = 0; field < FIELD_TYPES; ++field) {
+/// Goes through fields and checks their pages, which lie `base` higher.
+void expectPages(Stage& stage, int base, const std::vector<int>& fields) {
+    for (const int field : fields) {
         for (int returnType = 0; returnType < RETURN_TYPES; ++returnType) {
             const auto expected = pageOf(field, returnType);
             const int before = stage.controller->currentMode();
@@ -65,10 +65,13 @@ TEST(PageForField, FollowsFieldReturnKeyAndRoom) {
             Stage stage({.device = testing::deviceOf(device.width, device.height, device.idiom, device.model),
                          .kind = kind});
             SCOPED_TRACE(std::to_string(device.width) + device.model + (kind == Kind::Plain ? " plain" : ""));
+            // The first device goes through them all, the others through one of each kind.
+            const std::vector<int> fields =
+                &device == DEVICES ? std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10} : std::vector{0, 4, 7};
             stage.hostSets("");
-            expectPages(stage, wide[0] ? 100 : 0);
+            expectPages(stage, wide[0] ? 100 : 0, fields);
             stage.rotate(InterfaceOrientation::Landscape);
-            expectPages(stage, wide[1] ? 100 : 0);
+            expectPages(stage, wide[1] ? 100 : 0, fields);
         }
     }
 }

@@ -82,14 +82,13 @@ TEST(Capitals, FollowTheFieldAndTheTextBeforeTheCursor) {
         {"hi\n ", true, true},  {"hi\t", true, false}, {"hi.\t", true, true},  {".", false, false},
         {"?!", false, false},   {" ", true, true},     {"hi .", false, false}, {"hi..", false, false},
     };
-    for (const auto& test : CASES) {
-        const std::pair<AutocapitalizationType, bool> TYPES[] = {
-            {AutocapitalizationType::None, false},
-            {AutocapitalizationType::Words, test.words},
-            {AutocapitalizationType::Sentences, test.sentences},
-            {AutocapitalizationType::AllCharacters, true}};
-        for (const auto& [type, expected] : TYPES) {
-            Stage stage({.capitals = type});
+    using enum AutocapitalizationType;
+    for (const AutocapitalizationType type : {None, Words, Sentences, AllCharacters}) {
+        Stage stage({.capitals = type});
+        for (const auto& test : CASES) {
+            const bool isText = type == Words ? test.words : test.sentences;
+            const bool expected = type == AllCharacters || (type != None && isText);
+            stage.platform.userDefaults.setBool(preferences::kAutoCapitalization, true);
             stage.hostSets(test.before);
             EXPECT_EQ(stage.controller->shouldAutoCapitalize(), expected)
                 << '"' << test.before << "\" " << static_cast<int>(type);
