@@ -78,6 +78,20 @@ TEST(ShortcutOutputTest, ScoresAreDecrementedTwice) {
     }
 }
 
+TEST(FirstWordConfidenceTest, AddsDistanceAndLength) {
+    const ModelKeyboard keyboard;
+    ModelLanguage language({.words = {{U"hole", {255}}, {U"time", {255}}}}, keyboard);
+    const TypedWord typed = keyboard.touch(U"holetime");
+    SuggestionResults results(1);
+    language.dictionary().getSuggestions(keyboard.proximityInfo(), language.session(), typed.xs.data(),
+                                         typed.ys.data(), nullptr, nullptr, typed.codePoints.data(), 8,
+                                         nullptr, nullptr, -1.0f, &results);
+    ASSERT_EQ(wordsOf(results).front().text, U"hole time");
+    // Nine letters of 4 to 30; at the second word's beginning only the word itself had been paid.
+    const double expected = 800000 * (2 - price::NEW_WORD) / 2 + 5 * 1000000 / 26;
+    EXPECT_NEAR(results.getSuggestionsVector()[0].getAutoCommitFirstWordConfidence(), expected, 2);
+}
+
 TEST(AutocorrectionThresholdTest, NormalizedScores) {
     const struct {
         const char32_t* before;

@@ -43,6 +43,7 @@ TEST_F(SearchTest, OffensiveAndForbiddenWords) {
     EXPECT_EQ(typeOf(U"damm", U"damn", &blocks), 0);
     EXPECT_TRUE(typeOf(U"damn", U"damn", &blocks) & SuggestedWord::KIND_FLAG_EXACT_MATCH);
     EXPECT_EQ(typeOf(U"damn", U"Damn", &blocks), 0) << "a capital is no safe exact match";
+    EXPECT_FALSE(typeOf(U"damn", U"Damn") & SuggestedWord::KIND_FLAG_EXACT_MATCH);
     EXPECT_EQ(typeOf(U"adn", U"adn"), 0);
     EXPECT_EQ(typeOf(U"adn", U"and"), SuggestedWord::KIND_WHITELIST);
     EXPECT_EQ(typeOf(U"adm", U"and"), SuggestedWord::KIND_SHORTCUT);
