@@ -5,6 +5,7 @@
 #include "search/results/suggestion_results.h"
 #include "search/results/suggestions_output_utils.h"
 #include "search/typing/typing_scoring.h"
+#include "search/typing/typing_traversal.h"
 
 #include <gtest/gtest.h>
 
@@ -128,6 +129,11 @@ TEST(TypingScoringTest, DistancesBeyondAllWords) {
     for (const float distance : {1e6f, 1.2e7f, std::numeric_limits<float>::infinity()}) {
         EXPECT_EQ(score(distance, true), SMALLEST);
     }
+}
+
+TEST(TypingTraversalTest, ASinglePointHasTheLargestQueue) {
+    const TypingTraversal* const traversal = TypingTraversal::getInstance();
+    EXPECT_GT(traversal->getMaxCacheSize(1), traversal->getMaxCacheSize(2));
 }
 
 }  // namespace
