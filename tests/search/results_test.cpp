@@ -134,6 +134,7 @@ TEST(TypingScoringTest, DistancesBeyondAllWords) {
 TEST(TypingTraversalTest, ASinglePointHasTheLargestQueue) {
     const TypingTraversal* const traversal = TypingTraversal::getInstance();
     EXPECT_GT(traversal->getMaxCacheSize(1), traversal->getMaxCacheSize(2));
+    EXPECT_EQ(traversal->getMaxCacheSize(2), 170);
 }
 
 }  // namespace
