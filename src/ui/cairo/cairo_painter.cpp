@@ -20,6 +20,12 @@ Rect aroundPixels(const Rect& rect) {
             std::ceil(rect.bottom() - EDGE_TOLERANCE) - top};
 }
 
+/// Where a picture of whole pixels begins that is to fill a length: at the nearest pixel from which it does
+/// not reach beyond those that the length touches, for nobody repaints more.
+double firstPixel(double start, double length, int pixels) {
+    return std::min(std::round(start), std::ceil(start + length - EDGE_TOLERANCE) - pixels);
+}
+
 double leftEdge(const Rect& rect, double width, TextAlignment alignment) {
     switch (alignment) {
         case TextAlignment::Left:
@@ -141,7 +147,8 @@ void CairoPainter::drawImage(const std::string& path, const Rect& rect, const Co
     // Unless it is turned, each of its pixels is to fall on one of the screen's.
     if (matrix.xx > 0 && std::abs(matrix.yx) < EDGE_TOLERANCE) {
         cairo_identity_matrix(context_);
-        cairo_translate(context_, std::round(matrix.x0), std::round(matrix.y0));
+        cairo_translate(context_, firstPixel(matrix.x0, rect.width * scale, width),
+                        firstPixel(matrix.y0, rect.height * scale, height));
     }
     if (tint.isClear()) {
         cairo_set_source_surface(context_, image, 0, 0);
