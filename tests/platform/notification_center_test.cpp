@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 namespace vorpel::platform {
 namespace {
 
@@ -12,9 +10,9 @@ using Observation = NotificationCenter::Observation;
 
 TEST(NotificationCenter, TellsThoseOfTheNameInOrderWhomeverAHandlerEndsAndBrings) {
     std::string log;
-    std::optional<Observation> self;
-    std::optional<Observation> victim;
-    std::optional<Observation> brought;
+    Observation self;
+    Observation victim;
+    Observation brought;
     {
         NotificationCenter center;
         const auto observe = [&](const std::string& name, char letter) {
@@ -24,9 +22,9 @@ TEST(NotificationCenter, TellsThoseOfTheNameInOrderWhomeverAHandlerEndsAndBrings
         const Observation other = observe("b", '2');
         self = center.addObserver("a", [&](const Notification& notification) {
             log += std::any_cast<std::string>(notification.object);
-            victim.reset();
+            victim = {};
             brought = observe("a", 'b');
-            self.reset();
+            self = {};
             log += '.';
         });
         victim = observe("a", 'v');
@@ -36,7 +34,7 @@ TEST(NotificationCenter, TellsThoseOfTheNameInOrderWhomeverAHandlerEndsAndBrings
         center.post({"c", {}});
         EXPECT_EQ(log, "1b");
     }
-    brought.reset();  // an observation may outlive the centre
+    brought = {};  // an observation may outlive the centre
 }
 
 }  // namespace

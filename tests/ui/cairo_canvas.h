@@ -40,33 +40,26 @@ public:
     /// The smallest rectangle around all pixels that are not clear.
     [[nodiscard]] ui::Rect inkBounds() const {
         ui::Rect bounds;
-        for (int y = 0; y < bitmap.height(); ++y) {
-            for (int x = 0; x < bitmap.width(); ++x) {
-                if (alphaAt(x, y) > 0) bounds = bounds.unionWith({double(x), double(y), 1, 1});
-            }
-        }
+        forEachPixel([&](int x, int y, std::uint32_t pixel) {
+            if (pixel >> 24U > 0) bounds = bounds.unionWith({double(x), double(y), 1, 1});
+        });
         return bounds;
     }
 
     /// The area that is covered, in pixels.
     [[nodiscard]] double ink() const {
         double sum = 0;
-        for (int y = 0; y < bitmap.height(); ++y) {
-            for (int x = 0; x < bitmap.width(); ++x) sum += alphaAt(x, y) / 255.0;
-        }
+        forEachPixel([&](int, int, std::uint32_t pixel) { sum += (pixel >> 24U) / 255.0; });
         return sum;
     }
 
     /// How many pixels are of a colour, rather than black, grey or white.
     [[nodiscard]] int colouredPixels() const {
         int count = 0;
-        for (int y = 0; y < bitmap.height(); ++y) {
-            for (int x = 0; x < bitmap.width(); ++x) {
-                const std::uint32_t pixel = bitmap.pixel(x, y);
-                const auto [low, high] = std::minmax({pixel & 255U, pixel >> 8U & 255U, pixel >> 16U & 255U});
-                if (high - low > 40) ++count;
-            }
-        }
+        forEachPixel([&](int, int, std::uint32_t pixel) {
+            const auto [low, high] = std::minmax({pixel & 255U, pixel >> 8U & 255U, pixel >> 16U & 255U});
+            if (high - low > 40) ++count;
+        });
         return count;
     }
 
@@ -74,6 +67,13 @@ public:
     [[nodiscard]] const std::vector<std::string>& reports() const { return *reports_; }
 
 private:
+    template <typename Visit>
+    void forEachPixel(const Visit& visit) const {
+        for (int y = 0; y < bitmap.height(); ++y) {
+            for (int x = 0; x < bitmap.width(); ++x) visit(x, y, bitmap.pixel(x, y));
+        }
+    }
+
     // Apart, because the resources keep hold of it when the canvas is moved.
     std::shared_ptr<std::vector<std::string>> reports_ = std::make_shared<std::vector<std::string>>();
 
@@ -89,21 +89,6 @@ inline std::vector<std::uint32_t> pixelsOf(const ui::Bitmap& bitmap) {
         pixels.insert(pixels.end(), bitmap.row(y), bitmap.row(y) + bitmap.width());
     }
     return pixels;
-}
-
-/// By how much any component of any two pixels at the same place differs; pictures of one size.
-inline int greatestDifference(const ui::Bitmap& first, const ui::Bitmap& second) {
-    int greatest = 0;
-    for (int y = 0; y < first.height(); ++y) {
-        for (int x = 0; x < first.width(); ++x) {
-            for (unsigned shift = 0; shift < 32; shift += 8) {
-                const int one = static_cast<int>(first.pixel(x, y) >> shift & 255U);
-                const int other = static_cast<int>(second.pixel(x, y) >> shift & 255U);
-                greatest = std::max(greatest, std::abs(one - other));
-            }
-        }
-    }
-    return greatest;
 }
 
 }  // namespace vorpel::testing

@@ -9,7 +9,6 @@
 namespace vorpel::testing {
 namespace {
 
-using ui::Color;
 using ui::Font;
 using ui::FontWeight;
 using ui::Rect;
@@ -26,15 +25,15 @@ Rect inkOf(const std::string& text, const TextStyle& style, const Rect& rect = M
     return CairoCanvas().text(text, rect, style).inkBounds();
 }
 
-double inkAmount(const std::string& text, FontWeight weight) {
-    return CairoCanvas(3).text(text, MIDDLE, {.font = {30, weight}}).ink();
+bool isCut(const ui::ObjectHandle<PangoLayout>& layout) {
+    return pango_layout_is_ellipsized(layout.get());
 }
 
 TEST(CairoTextTest, TheSystemFontIsInstalled) {
     EXPECT_EQ(ui::TextLayouts(1).missingFamilies(), std::vector<std::string>());
 }
 
-TEST(CairoTextTest, TextLiesWithinItsRectangle) {
+TEST(CairoTextTest, TextLiesWithinItsRectangleAtItsSide) {
     const Rect rect{40, 30, 100, 40};
     for (const std::string text : {"Q", "g", "hello", "a much longer text than there is room for", "مرحبا",
                                    "ج", "😀", "←", "[{(", "Åg"}) {
@@ -45,17 +44,13 @@ TEST(CairoTextTest, TextLiesWithinItsRectangle) {
             EXPECT_EQ(ink.intersection(rect.insetBy(-1, 0)), ink) << text;
         }
     }
-}
-
-TEST(CairoTextTest, AlignmentMovesTextToItsSide) {
-    const Rect left = inkOf("mm", {.font = {20}, .alignment = TextAlignment::Left});
-    const Rect centre = inkOf("mm", {.font = {20}, .alignment = TextAlignment::Center});
-    const Rect right = inkOf("mm", {.font = {20}, .alignment = TextAlignment::Right});
-    EXPECT_NEAR(left.x, MIDDLE.x, 3);
-    EXPECT_NEAR(centre.center().x, MIDDLE.center().x, 1.5);
-    EXPECT_NEAR(right.right(), MIDDLE.right(), 3);
     // Also what is read from right to left: a side is a side.
-    EXPECT_NEAR(inkOf("سلام", {.font = {20}, .alignment = TextAlignment::Left}).x, MIDDLE.x, 3);
+    for (const std::string text : {"mm", "سلام"}) {
+        EXPECT_NEAR(inkOf(text, {.font = {20}, .alignment = TextAlignment::Left}).x, MIDDLE.x, 3);
+        EXPECT_NEAR(inkOf(text, {.font = {20}}).center().x, MIDDLE.center().x, 1.5);
+        EXPECT_NEAR(inkOf(text, {.font = {20}, .alignment = TextAlignment::Right}).right(), MIDDLE.right(),
+                    3);
+    }
 }
 
 TEST(CairoTextTest, CapitalsAreInTheMiddleAndAllLettersShareABaseline) {
@@ -66,16 +61,13 @@ TEST(CairoTextTest, CapitalsAreInTheMiddleAndAllLettersShareABaseline) {
         EXPECT_NEAR(inkOf(letter, style).bottom(), capital.bottom(), 1) << letter;
     }
     EXPECT_GT(inkOf("g", style).bottom(), capital.bottom() + 3);
-    // Joining letters that stand on the line do so together.
-    EXPECT_NEAR(inkOf("ا", style).bottom(), inkOf("د", style).bottom(), 1);
 }
 
 TEST(CairoTextTest, WidthDoesNotDependOnTheScale) {
     for (const std::string text : {"The quick brown fox", "سلام عليكم", "😀👍", "a😀ب"}) {
         const double width = widthOf(text, {17.3});
         for (const double scale : {1.5, 2.0, 3.0}) {
-            EXPECT_NEAR(ui::TextLayouts(scale).line(text, {17.3}).width, width, width * 0.02)
-                << text << scale;
+            EXPECT_NEAR(ui::TextLayouts(scale).line(text, {17.3}).width, width, width * 0.02) << text;
         }
     }
 }
@@ -84,51 +76,43 @@ TEST(CairoTextTest, WideTextIsSetSmallerAndThenShortened) {
     ui::TextLayouts texts(1);
     const std::string text = "congratulations";
     const double full = texts.line(text, {20}).width;
-
-    const ui::TextLine& fitted = texts.fittedLine(text, {20}, full * 0.8, 0.5);
-    EXPECT_NEAR(fitted.fontSize, 16, 0.1);
-    EXPECT_NEAR(fitted.width, full * 0.8, 0.5);
-    EXPECT_FALSE(pango_layout_is_ellipsized(fitted.layout.get()));
-
-    const ui::TextLine& cut = texts.fittedLine(text, {20}, full * 0.3, 0.5);
-    EXPECT_DOUBLE_EQ(cut.fontSize, 10);
-    EXPECT_LE(cut.width, full * 0.3 + 0.1);
-    EXPECT_TRUE(pango_layout_is_ellipsized(cut.layout.get()));
-
-    const ui::TextLine& kept = texts.fittedLine(text, {20}, full * 0.8, 1);
-    EXPECT_DOUBLE_EQ(kept.fontSize, 20);
-    EXPECT_TRUE(pango_layout_is_ellipsized(kept.layout.get()));
     EXPECT_EQ(&texts.fittedLine(text, {20}, full, 0.5), &texts.line(text, {20})) << "what fits is left alone";
+    struct Case {
+        double room, minimumScale, size;
+        bool cut;
+    };
+    for (const Case& one : {Case{0.8, 0.5, 16, false}, Case{0.3, 0.5, 10, true}, Case{0.8, 1, 20, true}}) {
+        const ui::TextLine& fitted = texts.fittedLine(text, {20}, full * one.room, one.minimumScale);
+        EXPECT_NEAR(fitted.fontSize, one.size, 0.1);
+        EXPECT_LE(fitted.width, full * one.room + 0.1);
+        EXPECT_EQ(isCut(fitted.layout), one.cut);
+    }
 }
 
-TEST(CairoTextTest, ArabicLettersJoin) {
-    const std::string joined = "بيت";
-    const double apart = widthOf("ب") + widthOf("ي") + widthOf("ت");
-    EXPECT_LT(widthOf(joined), apart * 0.8);
+TEST(CairoTextTest, ArabicJoinsAndBeginsAtTheRight) {
+    EXPECT_LT(widthOf("بيت"), (widthOf("ب") + widthOf("ي") + widthOf("ت")) * 0.8);
     // Lam and alef become one sign, which is narrower than the two side by side.
     EXPECT_LT(widthOf("لا"), (widthOf("ل") + widthOf("ا")) * 0.9);
-}
 
-TEST(CairoTextTest, RightToLeftTextBeginsAtTheRight) {
     ui::TextLayouts texts(1);
-    const auto xOf = [](const ui::TextLine& line, int index) {
+    const ui::TextLine& line = texts.line("دار abc", {20});
+    const auto xOf = [&](int index) {
         PangoRectangle place{};
         pango_layout_index_to_pos(line.layout.get(), index, &place);
         return place.x;
     };
-    const ui::TextLine& arabic = texts.line("دار abc", {20});
-    EXPECT_TRUE(arabic.rightToLeft);
-    EXPECT_GT(xOf(arabic, 0), xOf(arabic, 2)) << "letters of two bytes";
-    EXPECT_GT(xOf(arabic, 0), xOf(arabic, 7)) << "the Latin word comes after, so further left";
-    EXPECT_LT(xOf(arabic, 7), xOf(arabic, 8)) << "and runs to the right in itself";
-    EXPECT_FALSE(texts.line("abc دار", {20}).rightToLeft);
+    EXPECT_GT(xOf(0), xOf(2)) << "letters of two bytes";
+    EXPECT_GT(xOf(0), xOf(7)) << "the Latin word comes after, so further left";
+    EXPECT_LT(xOf(7), xOf(8)) << "and runs to the right in itself";
 }
 
 TEST(CairoTextTest, LightIsLighterThanRegularThanMedium) {
-    const double light = inkAmount("hamburg", FontWeight::Light);
-    const double regular = inkAmount("hamburg", FontWeight::Regular);
-    EXPECT_LT(light, regular * 0.9);
-    EXPECT_LT(regular, inkAmount("hamburg", FontWeight::Medium) * 0.95);
+    const auto inkAmount = [](FontWeight weight) {
+        return CairoCanvas(3).text("hamburg", MIDDLE, {.font = {30, weight}}).ink();
+    };
+    const double regular = inkAmount(FontWeight::Regular);
+    EXPECT_LT(inkAmount(FontWeight::Light), regular * 0.9);
+    EXPECT_LT(regular, inkAmount(FontWeight::Medium) * 0.95);
 }
 
 TEST(CairoTextTest, EmojiAreColouredAndSignsAreNot) {
@@ -139,12 +123,8 @@ TEST(CairoTextTest, EmojiAreColouredAndSignsAreNot) {
         EXPECT_LT(canvas.inkBounds().width, 45) << emoji << " is one picture";
         EXPECT_NEAR(canvas.inkBounds().center().y, MIDDLE.center().y, 4) << emoji;
     }
-    for (const std::string sign : {"❮", "❯", "➔", "↲", "×", "÷", "※", "•", "£", "€", "₹", "1", "#", "*"}) {
-        CairoCanvas canvas;
-        canvas.text(sign, MIDDLE, {.font = {30}});
-        EXPECT_GT(canvas.ink(), 5) << sign;
-        EXPECT_EQ(canvas.colouredPixels(), 0) << sign;
-    }
+    // Emoji fonts have digits too, twice as wide.
+    EXPECT_LT(widthOf("1234567890"), 10 * widthOf("n") * 1.1);
 }
 
 TEST(CairoTextTest, DigitsAndTheNumberSignAreOfTheLettersFace) {
@@ -153,12 +133,16 @@ TEST(CairoTextTest, DigitsAndTheNumberSignAreOfTheLettersFace) {
     EXPECT_LT(widthOf("#"), 1.5 * widthOf("n"));
 }
 
-TEST(CairoTextTest, EverySignHasAGlyph) {
+TEST(CairoTextTest, EverySignHasAGlyphWithoutColour) {
     ui::TextLayouts texts(1);
-    for (const std::string text : {"❮❯➔↲×÷※•£€₹¥₩§¿¡…°«»“”‘’–—¬√π±≠≈∞",
+    for (const std::string text : {"❮❯➔↲×÷※•£€1#*₹¥₩§¿¡…°«»“”‘’–—¬√π±≠≈∞",
                                    "ضصثقفغعهخحجدشسيبلاتنمكطئءؤرىةوزظإأآٱ،؛؟٪ـ٠١٢٣٤٥٦٧٨٩", "ًٌٍَُِّْ", "یکگچپژ"}) {
         const ui::TextLine& line = texts.line(text, {20});
         EXPECT_EQ(pango_layout_get_unknown_glyphs_count(line.layout.get()), 0) << text;
+        CairoCanvas canvas(1, {1000, 100});
+        canvas.text(text, {0, 0, 1000, 100}, {.font = {20}});
+        EXPECT_GT(canvas.ink(), 5) << text;
+        EXPECT_EQ(canvas.colouredPixels(), 0) << text;
     }
 }
 
@@ -166,23 +150,14 @@ TEST(CairoTextTest, DamagedTextIsDrawnAsFarAsItGoes) {
     const std::vector<std::string> texts{"\xff\xfe", "ok\xc3", std::string("a\0b", 3), "a\nb",
                                          "\xed\xa0\x80"};
     for (const std::string& text : texts) {
-        CairoCanvas canvas;
-        canvas.text(text, MIDDLE);
-        EXPECT_GT(canvas.ink(), 1);
-        EXPECT_LT(canvas.inkBounds().height, 40) << "one line";
+        const Rect ink = inkOf(text, {});
+        EXPECT_FALSE(ink.isEmpty());
+        EXPECT_LT(ink.height, 40) << "one line";
     }
-    EXPECT_EQ(CairoCanvas().text("", MIDDLE).ink(), 0);
-    EXPECT_EQ(CairoCanvas().text("a", {20, 20, 0, 20}).ink(), 0);
-    EXPECT_LE(widthOf("a", {-3}), 2);
+    EXPECT_EQ(CairoCanvas().text("", MIDDLE).text("a", {20, 20, 0, 20}).ink(), 0);
 }
 
-TEST(CairoTextTest, LinesAreKeptAndTheirNumberIsBounded) {
-    ui::TextLayouts texts(1);
-    const ui::TextLine* const first = &texts.line("first", {20});
-    EXPECT_EQ(&texts.line("first", {20}), first);
-    EXPECT_NE(&texts.line("first", {21}), first);
-    EXPECT_NE(&texts.line("first", {20, FontWeight::Regular}), first);
-
+TEST(CairoTextTest, WhatIsKeptIsWhatWasUsedLastAndItsNumberIsBounded) {
     ui::RecentCache<int, int> cache(10);
     for (int i = 0; i < 1000; ++i) {
         cache.add(i, i);
@@ -190,7 +165,51 @@ TEST(CairoTextTest, LinesAreKeptAndTheirNumberIsBounded) {
         ASSERT_NE(cache.find(std::max(0, i - 3)), nullptr);
         ASSERT_LE(cache.size(), 20U);
     }
-    EXPECT_EQ(cache.find(500), nullptr);
+}
+
+constexpr Font SMALL{12};
+const std::string NOTE = "Words are learnt as they are typed, and never leave this device unless you say so.";
+
+TEST(CairoParagraphTest, LinesKeepToTheWidthAndFillTheHeightMeasuredOrEndInAnEllipsis) {
+    ui::TextLayouts texts(1);
+    const double line = texts.line("W", SMALL).height;
+    for (const std::string text : {NOTE.c_str(), "سجل الكلمات كما تكتبها ولا تغادر هذا الجهاز أبدا",
+                                   "onewordthatiswiderthanalltheroomthereis", "one\n\ntwo\nthree\nfour"}) {
+        for (const double width : {60.0, 100.0}) {
+            const auto& measured = texts.paragraph(text, SMALL, width);
+            const auto [taken, height] = ui::Size{measured.width, measured.height};
+            EXPECT_LE(taken, width + 0.1) << text;
+            EXPECT_GT(height, line * 1.5) << text;
+            for (const double room : {width, taken}) {
+                const auto& drawn = texts.paragraph(text, SMALL, room, height);
+                EXPECT_FALSE(isCut(drawn.layout)) << text << " is whole";
+                EXPECT_NEAR(drawn.height, height, 0.01) << text;
+            }
+            const auto& cut = texts.paragraph(text, SMALL, width, line * 1.5);
+            EXPECT_EQ(pango_layout_get_line_count(cut.layout.get()), 1) << text;
+            EXPECT_TRUE(isCut(cut.layout)) << text;
+        }
+    }
+    EXPECT_EQ(pango_layout_get_line_count(texts.paragraph(NOTE, SMALL, 80, 1).layout.get()), 1);
+}
+
+TEST(CairoParagraphTest, IsDrawnFromTheUpperEdgeAtItsSide) {
+    const Rect rect{20, 10, 160, 80};
+    const auto inkOf = [&](const std::string& text, TextAlignment alignment) {
+        CairoCanvas canvas;
+        canvas.draw([&](ui::Painter& painter) {
+            painter.drawParagraph(text, rect, {.font = SMALL, .alignment = alignment});
+        });
+        return canvas.inkBounds();
+    };
+    for (const std::string text : {"hm\nhmm", "بيت\nبيوت"}) {
+        const Rect ink = inkOf(text, TextAlignment::Left);
+        EXPECT_NEAR(ink.x, rect.x, 2) << text;
+        EXPECT_NEAR(inkOf(text, TextAlignment::Right).right(), rect.right(), 2) << text;
+        EXPECT_NEAR(inkOf(text, TextAlignment::Center).center().x, rect.center().x, 2) << text;
+        EXPECT_EQ(ink.intersection(rect.insetBy(-1, 0)), ink) << text;
+        EXPECT_LT(ink.y, rect.y + SMALL.size) << text;
+    }
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/touch.h"
 
-#include "ui/button.h"
 #include "ui/control.h"
 #include "ui/tap_gesture.h"
 #include "ui_fixture.h"
@@ -22,7 +21,7 @@ constexpr std::pair<ControlEvent, const char*> EVENT_NAMES[] = {
     {ControlEvent::TouchDragInside, "drag"}, {ControlEvent::TouchDragOutside, "drag outside"},
     {ControlEvent::TouchDragEnter, "enter"}, {ControlEvent::TouchDragExit, "exit"},
     {ControlEvent::TouchUpInside, "up"},     {ControlEvent::TouchUpOutside, "up outside"},
-    {ControlEvent::TouchCancel, "cancel"},   {ControlEvent::ValueChanged, "value"},
+    {ControlEvent::TouchCancel, "cancel"},
 };
 
 class TouchTest : public UiTest {
@@ -48,47 +47,39 @@ protected:
 TEST_F(TouchTest, AFingerGoesThroughTheEventsOfAControl) {
     struct Case {
         const char* what;
-        std::vector<Point> moves;
-        Point up;
+        std::vector<Point> points;
         Names events;
     };
     const std::vector<Case> cases{
-        {"tap", {}, {120, 120}, {"down", "up"}},
-        {"rolls within", {{130, 130}}, {130, 130}, {"down", "drag", "up"}},
-        {"slips a little off, which still counts", {{160, 120}}, {160, 120}, {"down", "drag", "up"}},
-        {"leaves", {{200, 120}}, {200, 120}, {"down", "exit", "drag outside", "up outside"}},
+        {"tap", {{120, 120}}, {"down", "up"}},
+        {"rolls within", {{120, 120}, {130, 130}}, {"down", "drag", "up"}},
+        {"slips a little off, which still counts", {{120, 120}, {160, 120}}, {"down", "drag", "up"}},
+        {"leaves", {{120, 120}, {200, 120}}, {"down", "exit", "drag outside", "up outside"}},
         {"leaves and comes back",
-         {{200, 120}, {210, 120}, {120, 120}},
-         {120, 120},
+         {{120, 120}, {200, 120}, {210, 120}, {120, 120}},
          {"down", "exit", "drag outside", "drag outside", "enter", "drag", "up"}},
-        {"stands still", {{120, 120}}, {120, 120}, {"down", "up"}},
     };
     for (const Case& one : cases) {
         advance(1);
-        window.touchDown(1, {120, 120});
-        EXPECT_TRUE(control->isHighlighted());
-        for (const Point move : one.moves) window.touchMoved(1, move);
-        window.touchUp(1, one.up);
+        stroke(one.points);
         EXPECT_EQ(takeLog(), one.events) << one.what;
-        EXPECT_FALSE(control->isHighlighted());
     }
 }
 
 TEST_F(TouchTest, TapsCountWhenTheyFollowSoonAndNear) {
-    std::vector<int> counts;
-    control->addTarget(this, "count", ControlEvent::TouchDownRepeat, [&](Control&) { counts.push_back(0); });
-    tap({120, 120});
-    tap({120, 120});
-    tap({125, 125});
-    EXPECT_EQ(counts.size(), 2U);
-    advance(1);
-    tap({120, 120});
-    EXPECT_EQ(counts.size(), 2U) << "too late";
-    tap({103, 138});
-    EXPECT_EQ(counts.size(), 2U) << "too far";
+    const auto repeats = [&](double pause, Point point) {
+        advance(pause);
+        takeLog();
+        tap(point);
+        return log.size() == 3;
+    };
+    EXPECT_FALSE(repeats(1, {120, 120}));
+    EXPECT_TRUE(repeats(0, {125, 125}));
+    EXPECT_FALSE(repeats(1, {120, 120})) << "too late";
+    EXPECT_FALSE(repeats(0, {103, 138})) << "too far";
 }
 
-TEST_F(TouchTest, EachFingerHoldsOneControl) {
+TEST_F(TouchTest, EachFingerHoldsOneControlAndIsCancelledOnce) {
     Control other(Rect{200, 100, 40, 40});
     listen(other, "other ");
     root.addSubview(other);
@@ -99,61 +90,45 @@ TEST_F(TouchTest, EachFingerHoldsOneControl) {
     window.touchUp(3, {125, 125});
     window.touchUp(2, {220, 120});
     EXPECT_EQ(takeLog(), (Names{"down", "other down", "up", "other up"}));
-    EXPECT_EQ(window.touchCount(), 0U);
-}
 
-TEST_F(TouchTest, CancelsOnceWhenTheHostSaysSo) {
+    advance(1);
     window.touchDown(1, {120, 120});
+    window.touchDown(1, {125, 125});  // the host lost the finger's end
     window.touchCancelled(1);
     window.touchMoved(1, {130, 120});
     window.touchUp(1, {120, 120});
-    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
+    EXPECT_EQ(takeLog(), (Names{"down", "cancel", "down", "repeat", "cancel"}));
 
-    window.touchDown(1, {120, 120});
-    window.touchDown(1, {125, 125});  // the host lost the finger's end
     advance(1);
-    window.cancelAllTouches();
-    EXPECT_EQ(takeLog(), (Names{"down", "repeat", "cancel", "down", "repeat", "cancel"}));
-}
-
-TEST_F(TouchTest, ACancelThatCancelsEverythingEnds) {
     control->addTarget(this, "all", ControlEvent::TouchCancel, [&](Control&) { window.cancelAllTouches(); });
     window.touchDown(1, {120, 120});
     window.touchDown(2, {10, 10});
     window.cancelAllTouches();
-    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
+    EXPECT_EQ(takeLog(), (Names{"down", "cancel"})) << "a cancel that cancels everything ends";
     EXPECT_EQ(window.touchCount(), 0U);
 }
 
-TEST_F(TouchTest, ADisabledControlKeepsQuietAndLosesTheFingerItHad) {
-    window.touchDown(1, {120, 120});
-    control->setEnabled(false);
-    EXPECT_FALSE(control->isHighlighted());
-    window.touchUp(1, {120, 120});
-    tap({120, 120});
-    EXPECT_EQ(takeLog(), (Names{"down", "cancel"}));
-}
-
-TEST_F(TouchTest, AControlThatLeavesMidTouchIsReadyForTheNextFinger) {
-    window.touchDown(1, {120, 120});
-    control->removeFromSuperview();
-    EXPECT_FALSE(control->isHighlighted());
-    root.addSubview(*control);
-    window.touchUp(1, {120, 120});
-    EXPECT_EQ(takeLog(), Names{"down"});
-    advance(1);
-    tap({120, 120});
-    EXPECT_EQ(takeLog(), (Names{"down", "up"}));
-}
-
-TEST_F(TouchTest, AControlWhoseContentIsTakenAwayMidTouchStillHearsTheEnd) {
+TEST_F(TouchTest, AControlThatIsDisabledOrLeavesMidTouchIsReadyForTheNextFinger) {
     auto decoration = std::make_unique<View>(control->bounds());
     control->addSubview(*decoration);
     window.touchDown(1, {120, 120});
     decoration.reset();
     window.touchMoved(1, {121, 120});
+    control->setEnabled(false);
+    EXPECT_FALSE(control->isHighlighted());
     window.touchUp(1, {121, 120});
-    EXPECT_EQ(takeLog(), (Names{"down", "drag", "up"}));
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "drag", "cancel"})) << "heard also when its content is taken away";
+
+    control->setEnabled(true);
+    window.touchDown(1, {120, 120});
+    control->removeFromSuperview();
+    EXPECT_FALSE(control->isHighlighted());
+    root.addSubview(*control);
+    window.touchUp(1, {120, 120});
+    advance(1);
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "repeat", "down", "up"}));
 }
 
 TEST_F(TouchTest, AnActionMayDestroyItsControlAtAnyEvent) {
@@ -165,14 +140,10 @@ TEST_F(TouchTest, AnActionMayDestroyItsControlAtAnyEvent) {
         control->addTarget(this, "destroy", event, [this](Control&) { control.reset(); });
         control->addTarget(this, "log", event, [this](Control&) { log.emplace_back("gone"); });
         tap({120, 120});
-        window.touchDown(1, {120, 120});
-        window.touchMoved(1, {200, 120});
-        window.touchMoved(1, {120, 120});
-        window.touchMoved(1, {200, 120});
-        window.touchUp(1, {200, 120});
+        stroke({{120, 120}, {200, 120}, {120, 120}, {200, 120}});
         window.touchDown(1, {120, 120});
         window.touchCancelled(1);
-        EXPECT_EQ(control == nullptr, event != ControlEvent::ValueChanged) << name;
+        EXPECT_EQ(control, nullptr) << name;
     }
     EXPECT_EQ(takeLog(), Names{});
 }
@@ -216,37 +187,26 @@ protected:
     }};
 };
 
-TEST_F(TapGestureTest, AShortTouchThatHardlyMovedIsATap) {
+TEST_F(TapGestureTest, AShortTouchOfOneFingerThatHardlyMovedIsATap) {
     struct Case {
         const char* what;
-        Point moved;
+        Point farthest;
         double seconds;
         Names log;
     };
-    for (const Case& one : {Case{"tap", {0, 0}, 0.1, {"tapped"}}, Case{"shaky", {6, 6}, 0.1, {"tapped"}},
-                            Case{"moved", {9, 9}, 0.1, {}}, Case{"held", {0, 0}, 0.8, {}}}) {
+    for (const Case& one : {Case{"tap", {20, 20}, 0.1, {"tapped"}}, Case{"shaky", {26, 26}, 0.1, {"tapped"}},
+                            Case{"moved", {29, 29}, 0.1, {}}, Case{"held", {20, 20}, 0.8, {}}}) {
         window.touchDown(1, {20, 20});
         advance(one.seconds);
-        window.touchMoved(1, Point{20, 20} + one.moved);
-        window.touchUp(1, Point{20, 20} + one.moved);
+        window.touchMoved(1, one.farthest);
+        window.touchUp(1, {20, 20});
         EXPECT_EQ(takeLog(), one.log) << one.what;
     }
-    window.touchDown(1, {20, 20});
-    window.touchMoved(1, {60, 20});
-    window.touchUp(1, {20, 20});
-    EXPECT_EQ(takeLog(), Names{}) << "moved and came back";
-}
-
-TEST_F(TapGestureTest, TwoFingersAndCancelledTouchesAreNoTap) {
     window.touchDown(1, {20, 20});
     window.touchDown(2, {60, 20});
     window.touchUp(1, {20, 20});
     window.touchUp(2, {60, 20});
-    window.touchDown(1, {20, 20});
-    window.touchCancelled(1);
-    EXPECT_EQ(takeLog(), Names{});
-    tap({20, 20});
-    EXPECT_EQ(takeLog(), Names{"tapped"});
+    EXPECT_EQ(takeLog(), Names{}) << "two fingers";
 }
 
 TEST_F(TapGestureTest, SeesTouchesOnControlsBeforeThemUnlessItRefuses) {
@@ -256,49 +216,38 @@ TEST_F(TapGestureTest, SeesTouchesOnControlsBeforeThemUnlessItRefuses) {
     advance(1);
     tap({120, 120});
     EXPECT_EQ(takeLog(), (Names{"down", "up"}));
-}
-
-TEST_F(TapGestureTest, TheActionMayDestroyGestureAndView) {
-    auto view = std::make_unique<View>(Rect{0, 0, 50, 50});
-    root.addSubview(*view);
-    auto own = std::make_unique<TapGesture>([](const Touch&) {});
-    own = std::make_unique<TapGesture>([&](const Touch&) {
-        own.reset();
-        view.reset();
-    });
-    own->attachTo(*view);
-    tap({20, 20});
-    EXPECT_EQ(own, nullptr);
-    EXPECT_EQ(takeLog(), Names{"tapped"}) << "the one around it is told all the same";
-}
-
-TEST_F(TapGestureTest, ATouchCancelledByARecognizerBeginsNowhere) {
     gesture.setShouldReceive([&](const Touch&) {
         window.cancelAllTouches();
         return false;
     });
     window.touchDown(1, {120, 120});
-    EXPECT_FALSE(control->isHighlighted());
-    EXPECT_EQ(takeLog(), Names{});
+    EXPECT_EQ(takeLog(), Names{}) << "a touch cancelled by a recognizer begins nowhere";
     EXPECT_EQ(window.touchCount(), 0U);
 }
 
-TEST_F(TapGestureTest, ForgetsATouchWhoseViewHasLeft) {
-    View view(Rect{0, 0, 50, 50});
-    int taps = 0;
-    TapGesture own([&](const Touch&) { ++taps; });
-    own.attachTo(view);
-    root.addSubview(view);
+TEST_F(TapGestureTest, ForgetsATouchWhoseViewHasLeftAndMayDestroyGestureAndView) {
+    auto view = std::make_unique<View>(Rect{0, 0, 50, 50});
+    root.addSubview(*view);
+    auto own = std::make_unique<TapGesture>([](const Touch&) {});
+    own->attachTo(*view);
     window.touchDown(1, {20, 20});
-    view.removeFromSuperview();
+    own = std::make_unique<TapGesture>([&](const Touch&) {
+        own.reset();
+        view.reset();
+    });
+    own->attachTo(*view);
     window.touchUp(1, {20, 20});
-    root.addSubview(view);
-    EXPECT_EQ(taps, 0);
+    EXPECT_EQ(takeLog(), Names{"tapped"});
+
+    window.touchDown(1, {20, 20});
+    view->removeFromSuperview();
+    window.touchUp(1, {20, 20});
+    root.addSubview(*view);
+    EXPECT_EQ(takeLog(), Names{"tapped"});
+    EXPECT_TRUE(own);
     tap({20, 20});
-    EXPECT_EQ(taps, 1);
-    own.detach();
-    tap({20, 20});
-    EXPECT_EQ(taps, 1);
+    EXPECT_EQ(own, nullptr);
+    EXPECT_EQ(takeLog(), Names{"tapped"}) << "the one around it is told all the same";
 }
 
 }  // namespace

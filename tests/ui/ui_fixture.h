@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "platform/run_loop.h"
+#include "platform/manual_time.h"
 #include "support/recording_painter.h"
 #include "ui/view.h"
 #include "ui/window.h"
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace vorpel::ui {
 
@@ -27,22 +29,16 @@ protected:
     }
 
     /// Lets time pass, stopping at each deadline on the way.
-    void advance(double seconds) {
-        constexpr double SLACK = 1e-9;
-        const double end = clock.now() + seconds;
-        for (auto next = runLoop.nextDeadline(); next && *next <= end + SLACK;
-             next = runLoop.nextDeadline()) {
-            clock.advanceTo(*next);
-            runLoop.runDue();
-        }
-        clock.advanceTo(end);
-    }
+    void advance(double seconds) { platform::advance(clock, runLoop, seconds); }
 
-    void tap(Point point) {
-        window.touchDown(1, point);
+    /// A finger that comes down at the first point and is lifted at the last.
+    void stroke(const std::vector<Point>& points) {
+        window.touchDown(1, points.front());
         advance(0.05);
-        window.touchUp(1, point);
+        for (const Point& point : points) window.touchMoved(1, point);
+        window.touchUp(1, points.back());
     }
+    void tap(Point point) { stroke({point}); }
 
     platform::ManualClock clock;
     platform::RunLoop runLoop{clock};
