@@ -102,7 +102,7 @@ void measureDrawing(Figures& figures, Shown& shown) {
         "fill", [] {},
         [&] {
             const ui::ContextHandle context(cairo_create(shown.bitmap.surface()));
-        ui::CairoPainter painter(context.get(), shown.resources);
+            ui::CairoPainter painter(context.get(), shown.resources);
             painter.fill(ui::Rect{0, 0, WIDTH, HEIGHT}, ui::Color::white());
         });
     figures.measure(
