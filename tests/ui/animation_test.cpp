@@ -97,9 +97,11 @@ TEST_F(AnimationTest, TransactionsThatDisableActionsApplyTheEndAtOnce) {
     outer.commit();
     outer.commit();
     EXPECT_TRUE(startsRunning(&window));
+    const Transaction later(&window, Actions::Disabled);
+    EXPECT_FALSE(startsRunning(&window));
     EXPECT_FALSE(startsRunning(nullptr)) << "without a window nobody looks";
-    EXPECT_EQ(completions, 3);
-    EXPECT_EQ(steps, (std::vector<double>{1, 1, 1}));
+    EXPECT_EQ(completions, 4);
+    EXPECT_EQ(steps, (std::vector<double>{1, 1, 1, 1}));
 }
 
 TEST_F(AnimationTest, ADisplayLinkTicksUntilItIsPausedOrDestroyed) {

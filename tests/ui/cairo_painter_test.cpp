@@ -120,15 +120,5 @@ TEST(CairoShadowTest, WhatIsRememberedIsDrawnAlikeElsewhere) {
     EXPECT_EQ(warm.inkBounds(), first.offsetBy({81.5 * 2, 17 * 2}));
 }
 
-TEST(CairoShadowTest, ShapesBeyondAllMeasureDrawNothing) {
-    CairoCanvas canvas;
-    canvas.draw([](Painter& painter) {
-        painter.drawShadow(Path(), {Color::black(), {0, 1}, 0});
-        painter.drawShadow(Path::rect({0, 0, 1e9, 1e9}), {Color::black(), {0, 1}, 4});
-        painter.drawShadow(Path::rect({0, 0, 9, 9}), {Color::black(), {0, 1e9}, 1e9});
-    });
-    EXPECT_EQ(canvas.ink(), 0);
-}
-
 }  // namespace
 }  // namespace vorpel::testing

@@ -63,15 +63,6 @@ TEST(CairoTextTest, CapitalsAreInTheMiddleAndAllLettersShareABaseline) {
     EXPECT_GT(inkOf("g", style).bottom(), capital.bottom() + 3);
 }
 
-TEST(CairoTextTest, WidthDoesNotDependOnTheScale) {
-    for (const std::string text : {"The quick brown fox", "سلام عليكم", "😀👍", "a😀ب"}) {
-        const double width = widthOf(text, {17.3});
-        for (const double scale : {1.5, 2.0, 3.0}) {
-            EXPECT_NEAR(ui::TextLayouts(scale).line(text, {17.3}).width, width, width * 0.02) << text;
-        }
-    }
-}
-
 TEST(CairoTextTest, WideTextIsSetSmallerAndThenShortened) {
     ui::TextLayouts texts(1);
     const std::string text = "congratulations";
@@ -86,6 +77,7 @@ TEST(CairoTextTest, WideTextIsSetSmallerAndThenShortened) {
         EXPECT_NEAR(fitted.fontSize, one.size, 0.1);
         EXPECT_LE(fitted.width, full * one.room + 0.1);
         EXPECT_EQ(isCut(fitted.layout), one.cut);
+        EXPECT_GE(fitted.width, full * one.room - (one.cut ? 20 : 0.5)) << "no smaller than it must be";
     }
 }
 

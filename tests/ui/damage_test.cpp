@@ -62,7 +62,7 @@ public:
             if (auto* const label = dynamic_cast<Label*>(view.get())) label->setText(label->text());
             if (auto* const flip = dynamic_cast<Switch*>(view.get())) flip->setOn(flip->isOn());
             if (auto* const button = dynamic_cast<Button*>(view.get())) {
-                button->setTitle(button->currentTitle(), button->state());
+                button->setTitle(button->titleForState(ControlState::Normal));
                 if (button->state() != ControlState::Selected) button->setTitle("", ControlState::Selected);
             }
         }
@@ -130,11 +130,13 @@ private:
         if (auto* const button = dynamic_cast<Button*>(&view)) changeButton(*button);
     }
 
+    /// One change at most, lest another hides that it is not seen.
     void changeButton(Button& button) {
         const auto state = static_cast<ControlState>(1 << below(3) >> 1);
-        button.setTitle(randomText(), state);
-        button.setBackgroundColor(randomColor(), state);
-        button.setTitleInsets({double(below(3)), 1, 1, double(below(3))});
+        const int what = below(4);
+        if (what == 0) button.setTitle(randomText(), state);
+        if (what == 1) button.setBackgroundColor(randomColor(), state);
+        if (what == 2) button.setTitleInsets({double(below(3)), 1, 1, double(below(3))});
     }
 
     std::mt19937 random_;

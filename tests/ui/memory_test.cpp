@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace vorpel::ui {
 namespace {
 
