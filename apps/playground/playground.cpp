@@ -25,8 +25,7 @@ public:
 };
 
 Playground::Playground(const Services& services)
-    : runLoop_(services.runLoop),
-      userDefaults_(services.userDefaults),
+    : userDefaults_(services.userDefaults),
       platform_{.host = *this,
                 .runLoop = services.runLoop,
                 .notificationCenter = notificationCenter_,
