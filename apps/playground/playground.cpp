@@ -25,8 +25,7 @@ public:
 };
 
 Playground::Playground(const Services& services)
-    : userDefaults_(services.userDefaults),
-      platform_{.host = *this,
+    : platform_{.host = *this,
                 .runLoop = services.runLoop,
                 .notificationCenter = notificationCenter_,
                 .userDefaults = services.userDefaults,

@@ -83,7 +83,6 @@ private:
     void tapText(std::size_t character);
     void changeFieldFromOutside(const std::function<void()>& change);
 
-    platform::UserDefaults& userDefaults_;
     platform::NotificationCenter notificationCenter_;
     WindowScreen screen_;
     platform::PlainDevice device_;
