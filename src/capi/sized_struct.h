@@ -10,7 +10,8 @@
 namespace vorpel::capi {
 
 // Structures that cross the border begin with the size that the caller knows them by, which differs from
-// ours when caller and library are of different versions.
+// ours when caller and library are of different versions. None of them may end in padding, whose bytes nobody
+// sets: a member narrower than the alignment needs a reserved one behind it.
 
 /// No structure ever grows beyond this: a larger size is one that was never set.
 inline constexpr std::size_t LARGEST_STRUCT = 4096;

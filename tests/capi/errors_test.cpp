@@ -164,7 +164,7 @@ TEST_F(ErrorsTest, CallersOfOtherVersions) {
 
     struct {
         vorpel_options known;
-        int wish;
+        std::uint64_t wish;  // as wide as the alignment: no padding behind it
     } newer = {older, 0};
     newer.known.size = sizeof(newer);
     newer.known.dictionary = nullptr;
