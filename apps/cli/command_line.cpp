@@ -168,12 +168,11 @@ void addStageOptions(CLI::App& command, StageShape& stage) {
     command.add_flag("--landscape", stage.isLandscape, "with the device held sideways");
     command.add_flag("--dark", stage.isDark, "in dark surroundings");
     command.add_option("--theme", stage.themeFile, "a JSON file of the theme's colours");
-    command.add_flag("--bar", stage.hasBar, "with the bar above the keys");
     command
         .add_option_function<std::string>(
             "--field", [&stage](const std::string& field) { stage.field = host::traitsOfField(field); },
-            "text, email, url or number")
-        ->check(CLI::IsMember({"text", "email", "url", "number"}))
+            "text, email, url, number or password")
+        ->check(CLI::IsMember({"text", "email", "url", "number", "password"}))
         ->default_str("text");
     stage.field = host::traitsOfField("text");
 }
@@ -184,6 +183,7 @@ void addRender(CLI::App& app, Action& action) {
         addCommand(app, action, "render", "A picture of a page of the keyboard",
                    "Example: vorpel render --page 1 --dark --out numbers.png", arguments, renderPage);
     addStageOptions(*command, arguments->stage);
+    command->add_flag("--bar", arguments->stage.hasBar, "with the bar above the keys");
     command->add_option("--page", arguments->page, "the page's number, where not the field's own");
     command->add_option("--shift", arguments->shift, "off, on or locked")
         ->check(CLI::IsMember({"off", "on", "locked"}));
@@ -195,9 +195,21 @@ void addRender(CLI::App& app, Action& action) {
 void addType(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<TypeArguments>();
     CLI::App* command =
-        addCommand(app, action, "type", "Touch the keys of a text and print the field after each",
-                   "Example: vorpel type --jitter 7 'Hello  there'", arguments, typeText);
+        addCommand(app, action, "type", "Touch the keys of a text, and print the field and the bar after each",
+                   "Example: vorpel type --autocorrect on --jitter 7 'i dont knwo'\n"
+                   "An arrow names the word that the next blank puts in place of the typed one.",
+                   arguments, typeText);
     addStageOptions(*command, arguments->stage);
+    arguments->stage.hasBar = true;
+    command
+        ->add_option_function<std::string>(
+            "--autocorrect",
+            [arguments](const std::string& value) { arguments->stage.autoCorrects = value == "on"; },
+            "on or off")
+        ->check(CLI::IsMember({"on", "off"}))
+        ->default_str("off");
+    command->add_flag("--take-words", arguments->takesWords,
+                      "tap a word in the bar as soon as it is the one meant");
     command->add_option("--jitter", arguments->jitter,
                         "let the touches stray from the keys' middles, by a seed");
     command->add_option("--picture", arguments->picture, "write a picture of the keyboard at the end");

@@ -5,7 +5,6 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
-#include <utility>
 
 namespace vorpel::host {
 
@@ -23,16 +22,13 @@ std::vector<fs::path> dataFolders() {
     return folders;
 }
 
-platform::FolderBundle keyImages() {
-    std::vector<std::string> folders;
-    for (const fs::path& folder : dataFolders()) folders.push_back((folder / "images").string());
-    platform::FolderBundle images(std::move(folders));
-    // One stands for all: they are laid down together.
-    if (!images.pathForResource("gear", "svg")) {
-        throw std::runtime_error(
-            "gear.svg: not found in the images of the data folders; ./run puts it there");
+platform::FolderBundle keyboardResources() {
+    for (const fs::path& folder : dataFolders()) {
+        platform::FolderBundle resources({folder.string(), (folder / "images").string()});
+        // One picture stands for all: they are laid down together.
+        if (resources.pathForResource("gear", "svg")) return resources;
     }
-    return images;
+    throw std::runtime_error("gear.svg: not found in the images of the data folders; ./run puts it there");
 }
 
 }  // namespace vorpel::host

@@ -12,7 +12,9 @@ namespace vorpel::host {
 /// program, and beside the build folder of the program.
 [[nodiscard]] std::vector<std::filesystem::path> dataFolders();
 
-/// The pictures on the keys. Throws std::runtime_error when they are in none of the data folders.
-[[nodiscard]] platform::FolderBundle keyImages();
+/// What a keyboard needs: the pictures on the keys, and the dictionaries and key geometry that lie beside
+/// them. Throws std::runtime_error when no data folder has the pictures; without dictionaries a keyboard
+/// suggests nothing.
+[[nodiscard]] platform::FolderBundle keyboardResources();
 
 }  // namespace vorpel::host

@@ -13,6 +13,7 @@ platform::TextInputTraits traitsOfField(const std::string& field) {
     if (field == "email") traits.keyboardType = KeyboardType::EmailAddress;
     if (field == "url") traits.keyboardType = KeyboardType::Url;
     if (field == "number") traits.keyboardType = KeyboardType::NumberPad;
+    if (field == "password") traits.isSecureTextEntry = true;
     return traits;
 }
 

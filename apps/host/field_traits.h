@@ -7,7 +7,7 @@
 
 namespace vorpel::host {
 
-/// The traits of a field of "text", "email", "url" or "number".
+/// The traits of a field of "text", "email", "url", "number" or "password".
 [[nodiscard]] platform::TextInputTraits traitsOfField(const std::string& field);
 
 }  // namespace vorpel::host

@@ -36,7 +36,7 @@ std::string fileIn(const std::optional<std::string>& folder, const char* name) {
 void runPlayground(const Options& options) {
     const platform::SteadyClock clock;
     Stopwatch stopwatch(clock, options.tellsTimes);
-    const platform::FolderBundle images = host::keyImages();
+    const platform::FolderBundle resources = host::keyboardResources();
     const SdlSession sdl;
     platform::RunLoop runLoop(clock);
     sdl.wake(runLoop);
@@ -49,7 +49,7 @@ void runPlayground(const Options& options) {
     Playground playground(
         {.runLoop = runLoop,
          .userDefaults = settings,
-         .bundle = images,
+         .bundle = resources,
          .globalQueue = workQueue,
          .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); },
          .textChecker = &words,

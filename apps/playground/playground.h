@@ -3,7 +3,7 @@
 
 #include "editing_key.h"
 #include "field_choices.h"
-#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "platform/plain_text_field.h"
 #include "platform/platform.h"
 #include "text_area.h"

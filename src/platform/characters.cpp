@@ -4,6 +4,7 @@
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/ubrk.h>
+#include <unicode/uchar.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
 
@@ -132,6 +133,21 @@ bool isWellFormedUtf8(std::string_view text) {
         if (codePoint < 0) return false;
     }
     return true;
+}
+
+bool isEmoji(std::string_view text) {
+    // Digits and a few signs are emoji only with a mark behind them.
+    constexpr UChar32 EMOJI_MARK = 0xFE0F;
+    int32_t at = 0;
+    const auto size = static_cast<int32_t>(text.size());
+    if (size == 0) return false;
+    UChar32 first = 0;
+    U8_NEXT(text.data(), at, size, first);
+    if (first < 0) return false;
+    if (u_hasBinaryProperty(first, UCHAR_EMOJI_PRESENTATION)) return true;
+    UChar32 second = 0;
+    if (at < size) U8_NEXT(text.data(), at, size, second);
+    return second == EMOJI_MARK && u_hasBinaryProperty(first, UCHAR_EMOJI);
 }
 
 std::string uppercased(std::string_view text) {

@@ -14,6 +14,9 @@ namespace vorpel::platform {
 [[nodiscard]] bool isAscii(std::string_view text);
 [[nodiscard]] bool isWellFormedUtf8(std::string_view text);
 
+/// Begins with a character that is shown as a picture.
+[[nodiscard]] bool isEmoji(std::string_view text);
+
 /// The full mapping of Unicode, the same in every locale; the length may change ("ß" becomes "SS").
 [[nodiscard]] std::string uppercased(std::string_view text);
 [[nodiscard]] std::string lowercased(std::string_view text);

@@ -44,6 +44,8 @@ public:
     [[nodiscard]] std::optional<KeyboardAppearance> keyboardAppearance() const override {
         return traits_.keyboardAppearance;
     }
+    [[nodiscard]] std::optional<bool> isSecureTextEntry() const override { return traits_.isSecureTextEntry; }
+    [[nodiscard]] std::optional<bool> isSensitive() const override { return traits_.isSensitive; }
 
 private:
     void moveTo(std::size_t offset);

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] virtual std::optional<KeyboardType> keyboardType() const = 0;
     [[nodiscard]] virtual std::optional<ReturnKeyType> returnKeyType() const = 0;
     [[nodiscard]] virtual std::optional<KeyboardAppearance> keyboardAppearance() const = 0;
+    [[nodiscard]] virtual std::optional<bool> isSecureTextEntry() const = 0;
+    [[nodiscard]] virtual std::optional<bool> isSensitive() const = 0;
 };
 
 }  // namespace vorpel::platform

@@ -129,7 +129,7 @@ RankedSuggestions SuggestionProvider::rankSuggestions(int maxResults, int* word,
     const int lastCodePoint = word[wordLength - 1];
     wordengine::ProximityInfo* proximityInfo = proximityProvider_->getProximity(lastCodePoint);
     if (!proximityInfo) return {};
-    placeLastCoordinate(lastCodePoint, wordLength, *coordinate);
+    placeTouch(lastCodePoint, static_cast<std::size_t>(wordLength - 1), *coordinate);
     SuggestionResults results(maxResults);
     dictionary_->getSuggestions(proximityInfo, session_.get(), xCoordinates_.data(), yCoordinates_.data(),
                                 times_.data(), pointerIds_.data(), word, wordLength, prevWordsInfo, options,
@@ -148,14 +148,12 @@ RankedSuggestions SuggestionProvider::rankSuggestions(int maxResults, int* word,
     return ranked;
 }
 
-void SuggestionProvider::placeLastCoordinate(int lastCodePoint, int wordLength,
-                                             const KeyCoordinate& coordinate) {
-    const KeyCoordinate key = proximityProvider_->keyCenter(lastCodePoint);
+void SuggestionProvider::placeTouch(int codePoint, std::size_t index, const KeyCoordinate& coordinate) {
+    const KeyCoordinate key = proximityProvider_->keyCenter(codePoint);
     const int touchX = truncateTouch(coordinate.x);
     const int touchY = truncateTouch(coordinate.y);
-    const auto last = static_cast<std::size_t>(wordLength - 1);
-    xCoordinates_[last] = touchX == NO_TOUCH_COORDINATE ? truncateTouch(key.x) : touchX;
-    yCoordinates_[last] = touchY == NO_TOUCH_COORDINATE ? truncateTouch(key.y) : touchY;
+    xCoordinates_[index] = touchX == NO_TOUCH_COORDINATE ? truncateTouch(key.x) : touchX;
+    yCoordinates_[index] = touchY == NO_TOUCH_COORDINATE ? truncateTouch(key.y) : touchY;
 }
 
 void SuggestionProvider::judge(RankedSuggestions& ranked, const int* word, int wordLength,

@@ -8,6 +8,7 @@
 #include "text/engine_constants.h"
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,6 +56,9 @@ public:
                                             wordengine::SuggestOptions* options, bool& refused,
                                             bool& canAutoCorrect, KeyCoordinate* coordinate);
 
+    /// Where the code point at an index below 48 was touched, for the requests that follow.
+    void placeTouch(int codePoint, std::size_t index, const KeyCoordinate& coordinate);
+
     /// As `getSuggestions`, with the full records. Without any geometry the answer is empty.
     RankedSuggestions rankSuggestions(int maxResults, int* word, int wordLength,
                                       wordengine::PrevWordsInfo* prevWordsInfo,
@@ -97,7 +101,6 @@ public:
 
 private:
     void openDictionary(const std::string& dictionaryPath);
-    void placeLastCoordinate(int lastCodePoint, int wordLength, const KeyCoordinate& coordinate);
     void judge(RankedSuggestions& ranked, const int* word, int wordLength,
                const std::string& typedWord) const;
 

@@ -30,6 +30,8 @@ std::string pathOf(const platform::Bundle& bundle, const std::string& name, cons
     return path ? *path : bundle.bundlePath() + "/" + name + "." + extension;
 }
 
+constexpr double NO_TOUCH = SuggestionProvider::NO_TOUCH_COORDINATE;
+
 bool isAnswerable(const std::u32string& word) {
     return !word.empty() && word.size() <= wordengine::WORD_LENGTH_LIMIT;
 }
@@ -163,6 +165,24 @@ std::vector<std::string> VPWordSuggestions::getSuggestionsForWord(const std::str
     if (!ranked) return {};
     *canAutoCorrect = ranked->canAutoCorrect;
     return keepValid(toUtf8Strings(ranked->words));
+}
+
+std::vector<std::string> VPWordSuggestions::getSuggestionsForWord(
+    const std::string& word, const std::string& previousWord,
+    const std::vector<std::optional<KeyOffset>>& offsets, bool* canAutoCorrect) {
+    const std::u32string typed = wordengine::utf8ToUtf32Lenient(word);
+    const auto size = keyboardSize();
+    TouchPoint touch{NO_TOUCH, NO_TOUCH};
+    for (std::size_t i = 0; suggestor_ && isAnswerable(typed) && i < typed.size(); ++i) {
+        const auto center = keyCenter(typed[i]);
+        touch = {NO_TOUCH, NO_TOUCH};
+        if (center && size && i < offsets.size() && offsets[i]) {
+            touch.x = center->x + offsets[i]->x * size->width;
+            touch.y = center->y + offsets[i]->y * size->height;
+        }
+        suggestor_->placeTouch(static_cast<int>(typed[i]), i, toKeyCoordinate(touch, useTouchPoint));
+    }
+    return getSuggestionsForWord(word, previousWord, touch, canAutoCorrect);
 }
 
 std::optional<RankedSuggestions> VPWordSuggestions::getRankedPredictions(const std::string& previousWord) {

@@ -45,6 +45,13 @@ struct LiveKeyFrame {
     double height = 0;
 };
 
+/// How far a touch was from the middle of its key, as a share of the whole keyboard's width and height: it
+/// holds for every size of the keyboard.
+struct KeyOffset {
+    double x = 0;
+    double y = 0;
+};
+
 /// The word service as the rest of a keyboard sees it: what a partly typed word may become, and what
 /// may follow a finished one. Strings are UTF-8.
 ///
@@ -93,6 +100,13 @@ public:
     /// points has no answer; so long a previous word counts as none.
     std::vector<std::string> getSuggestionsForWord(const std::string& word, const std::string& previousWord,
                                                    TouchPoint coordinate, bool* canAutoCorrect);
+
+    /// As the other, with a touch for each of the word's code points, whatever earlier requests said of
+    /// them. A letter without one, or beyond the list, counts as touched on the middle of its key, and so
+    /// do all of them unless `useTouchPoint` is set.
+    std::vector<std::string> getSuggestionsForWord(const std::string& word, const std::string& previousWord,
+                                                   const std::vector<std::optional<KeyOffset>>& offsets,
+                                                   bool* canAutoCorrect);
 
     /// As `getSuggestionsForWord`, with scores and kinds; nothing when the request failed.
     std::optional<RankedSuggestions> getRankedSuggestionsForWord(const std::string& word,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "keyboard/model/preference_keys.h"
 #include "platform/characters.h"
 #include "support/deterministic_platform.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "keyboard/model/default_keyboard.h"
 #include "keyboard/model/preference_keys.h"
 #include "support/deterministic_platform.h"

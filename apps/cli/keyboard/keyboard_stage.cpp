@@ -5,7 +5,6 @@
 #include "keyboard/model/preference_keys.h"
 #include "keyboard/theme_file.h"
 #include "platform/manual_time.h"
-#include "platform/posix/thread_operation_queue.h"
 #include "ui/cairo/bitmap.h"
 #include "ui/cairo/drawing_resources.h"
 #include "ui/cairo/paint_window.h"
@@ -35,7 +34,7 @@ platform::PlainScreen screenOf(const StageShape& shape) {
 /// Shows the bar only when asked to.
 class KeyboardStage::Controller final : public VorpelKeyboardViewController {
 public:
-    Controller(platform::Platform& platform, bool hasBar) : VorpelKeyboardViewController(platform) {
+    Controller(platform::Platform& platform, bool hasBar) : VorpelKeyboardViewController(platform, TypingOptions::all()) {
         isBannerView = hasBar;
         setUp();
     }
@@ -43,10 +42,9 @@ public:
 
 KeyboardStage::KeyboardStage(const StageShape& shape)
     : runLoop_(clock_),
-      bundle_(host::keyImages()),
+      bundle_(host::keyboardResources()),
       screen_(screenOf(shape)),
       device_(shape.isPad ? platform::UserInterfaceIdiom::Pad : platform::UserInterfaceIdiom::Phone),
-      workQueue_(1),
       platform_{.host = host_,
                 .runLoop = runLoop_,
                 .notificationCenter = notificationCenter_,
@@ -54,10 +52,11 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
                 .bundle = bundle_,
                 .screen = screen_,
                 .device = device_,
-                .globalQueue = workQueue_,
-                .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); }},
+                .globalQueue = queues_.global(),
+                .makeOperationQueue = [this] { return queues_.makeOperationQueue(); }},
       window_(runLoop_) {
     userDefaults_.setString(preferences::LANGUAGE, shape.language);
+    userDefaults_.setBool(preferences::kAutoCorrection, shape.autoCorrects);
     if (!shape.themeFile.empty()) applyThemeFile(shape.themeFile, userDefaults_);
     host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
                                           : platform::InterfaceOrientation::Portrait;
@@ -72,6 +71,7 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
     controller_->viewDidLayoutSubviews();
     controller_->viewDidAppear();
     controller_->textDidChange();
+    settle();
 }
 
 KeyboardStage::~KeyboardStage() {
@@ -94,11 +94,19 @@ void KeyboardStage::advance(double seconds) {
     platform::advance(clock_, runLoop_, seconds);
 }
 
+void KeyboardStage::settle() {
+    do {
+        queues_.waitUntilIdle();
+        runLoop_.runDue();
+    } while (!queues_.isIdle());
+}
+
 void KeyboardStage::tap(ui::Point point) {
     constexpr int FINGER = 1;
     window_.touchDown(FINGER, point);
     advance(PRESS);
     window_.touchUp(FINGER, point);
+    settle();
     advance(PAUSE);
 }
 

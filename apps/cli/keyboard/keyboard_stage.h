@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
+#include "keyboard/watched_queues.h"
 #include "platform/clock.h"
 #include "platform/memory_user_defaults.h"
 #include "platform/plain_text_field.h"
 #include "platform/platform.h"
 #include "platform/posix/folder_bundle.h"
-#include "platform/posix/thread_pool.h"
 #include "ui/window.h"
 
 #include <memory>
@@ -27,6 +27,7 @@ struct StageShape {
     bool isLandscape = false;
     bool isDark = false;
     bool hasBar = false;    ///< the bar above the keys is on show
+    bool autoCorrects = false;
     std::string themeFile;  ///< empty for the built-in look
     platform::TextInputTraits field;
 };
@@ -39,6 +40,7 @@ public:
     ~KeyboardStage();
 
     [[nodiscard]] VorpelKeyboardViewController& controller() { return *controller_; }
+    [[nodiscard]] VPSuggestionsBanner& banner() { return *controller_->suggestionsBanner(); }
     [[nodiscard]] ui::Window& window() { return window_; }
     [[nodiscard]] platform::PlainTextField& field() { return host_.field; }
     [[nodiscard]] double scale() const { return screen_.scale(); }
@@ -47,6 +49,9 @@ public:
     [[nodiscard]] ui::Size size();
 
     void advance(double seconds);
+
+    /// Waits until all that was asked of other threads has been answered.
+    void settle();
 
     /// A finger down and up again, in the window's points, and the time that takes.
     void tap(ui::Point point);
@@ -81,7 +86,7 @@ private:
     platform::FolderBundle bundle_;
     platform::PlainScreen screen_;
     platform::PlainDevice device_;
-    platform::ThreadPool workQueue_;
+    WatchedQueues queues_;
     Host host_;
     platform::Platform platform_;
     ui::Window window_;

@@ -6,7 +6,11 @@
 #include "platform/characters.h"
 #include "text/diagnostics.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <iterator>
+#include <numeric>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -19,13 +23,31 @@ namespace {
 /// How far touches stray from the middle of a key, as a share of its size.
 constexpr double STRAY = 0.18;
 
-/// Somebody who types on a staged keyboard and reads the field after each key.
+// Of the column of the text, in characters.
+constexpr std::size_t TEXT_WIDTH = 28;
+
+/// Somebody who types on a staged keyboard and reads the field and the bar after each key.
 class Typist {
 public:
-    Typist(KeyboardStage& stage, int seed)
-        : stage_(stage), random_(static_cast<unsigned>(seed)), strays_(seed != 0) {}
+    Typist(KeyboardStage& stage, const TypeArguments& arguments)
+        : stage_(stage),
+          random_(static_cast<unsigned>(arguments.jitter)),
+          strays_(arguments.jitter != 0),
+          takesWords_(arguments.takesWords) {}
 
-    void type(const std::string& character) {
+    void type(const std::string& text) {
+        const std::vector<std::string> characters = platform::characters(text);
+        for (std::size_t at = 0; at < characters.size();) {
+            typeCharacter(characters[at++]);
+            if (takesWords_) at = takeWord(characters, at);
+        }
+    }
+
+private:
+    [[nodiscard]] const KeyPlane& plane() const { return stage_.controller().plane(); }
+    [[nodiscard]] int page() const { return stage_.controller().currentMode(); }
+
+    void typeCharacter(const std::string& character) {
         const std::string text = character == "\r\n" ? "\n" : character;
         const auto path = pathToKey(plane(), page(), text);
         if (!path) throw std::runtime_error("no key types \"" + character + "\"");
@@ -38,14 +60,47 @@ public:
         press(key);
     }
 
-private:
-    [[nodiscard]] const KeyPlane& plane() const { return stage_.controller().plane(); }
-    [[nodiscard]] int page() const { return stage_.controller().currentMode(); }
+    /// Taps the word that is being typed where the bar shows it, which brings its blank.
+    /// @return where to go on typing
+    std::size_t takeWord(const std::vector<std::string>& characters, std::size_t at) {
+        const auto isBlank = [](const std::string& character) { return character == " "; };
+        const auto typedEnd = characters.begin() + static_cast<std::ptrdiff_t>(at);
+        const auto end = std::find_if(typedEnd, characters.end(), isBlank);
+        auto begin = typedEnd;
+        while (begin != characters.begin() && !isBlank(*(begin - 1))) --begin;
+        if (begin == typedEnd || end == typedEnd) return at;
+        const std::string word = std::accumulate(begin, end, std::string());
+        for (ui::Button* const label : stage_.banner().wordLabels()) {
+            if (label->isHidden() || platform::lowercased(label->currentTitle()) != platform::lowercased(word)) {
+                continue;
+            }
+            stage_.tap(label->bounds().offsetBy(label->convertToWindow({0, 0})).center());
+            print("(" + word + ")");
+            return static_cast<std::size_t>(end - characters.begin()) + (end == characters.end() ? 0 : 1);
+        }
+        return at;
+    }
 
     void press(const Key& key) {
         const std::string name = nameOfKey(key);
         stage_.tap(aimAt(stage_.frameOf(key)));
-        std::printf("%s %s\n", padded(name, 10).c_str(), onOneLine(stage_.field().text()).c_str());
+        print(name);
+    }
+
+    void print(const std::string& name) {
+        std::printf("%s %s %s\n", padded(name, 10).c_str(),
+                    padded(onOneLine(stage_.field().text()), TEXT_WIDTH).c_str(), bar().c_str());
+    }
+
+    /// The three labels, and which of them is about to replace the word.
+    [[nodiscard]] std::string bar() {
+        std::string words;
+        for (ui::Button* const label : stage_.banner().wordLabels()) {
+            if (!words.empty()) words += " | ";
+            words += label->isHidden() || label->currentTitle().empty() ? "-" : label->currentTitle();
+        }
+        if (!stage_.controller().correctionPending()) return words;
+        return words + "  -> " + stage_.banner().wordLabel_2.currentTitle();
     }
 
     ui::Point aimAt(const ui::Rect& frame) {
@@ -67,6 +122,7 @@ private:
     KeyboardStage& stage_;
     std::mt19937 random_;
     bool strays_;
+    bool takesWords_;
 };
 
 }  // namespace
@@ -74,8 +130,7 @@ private:
 int typeText(const TypeArguments& arguments) {
     wordengine::Diagnostics::setStream(nullptr);
     KeyboardStage stage(arguments.stage);
-    Typist typist(stage, arguments.jitter);
-    for (const std::string& character : platform::characters(arguments.text)) typist.type(character);
+    Typist(stage, arguments).type(arguments.text);
     if (!arguments.picture.empty()) stage.savePicture(arguments.picture);
     return 0;
 }

@@ -19,7 +19,7 @@ void KeyboardViewController::keyPressedHelper(ui::Control& sender) {
 }
 
 void KeyboardViewController::keyPressed(const Key& key, double /*firstDate*/, ui::Point /*position*/) {
-    textDocumentProxy().insertText(key.outputForCase(uppercase(shiftState_)));
+    insertText(key.outputForCase(uppercase(shiftState_)));
 }
 
 void KeyboardViewController::handleAutoPeriod(const Key& key) {
@@ -28,12 +28,11 @@ void KeyboardViewController::handleAutoPeriod(const Key& key) {
     const bool isFirstSpace = state == AutoPeriodState::NoSpace && key.isSpace();
     autoPeriodState_ = isFirstSpace ? AutoPeriodState::FirstSpace : AutoPeriodState::NoSpace;
     if (state != AutoPeriodState::FirstSpace || !key.isSpace()) return;
-    platform::TextDocumentProxy& proxy = textDocumentProxy();
-    if (!mayBecomePeriod(proxy.documentContextBeforeInput())) return;
-    proxy.deleteBackward();
-    proxy.deleteBackward();
-    proxy.insertText(".");
-    proxy.insertText(" ");
+    if (!mayBecomePeriod(textBeforeInput())) return;
+    deleteBackward();
+    deleteBackward();
+    insertText(".");
+    insertText(" ");
 }
 
 void KeyboardViewController::modeChangeTapped(ui::Control& sender) {

@@ -12,7 +12,7 @@ constexpr double POPUP_DELAY = 0.05;
 
 void KeyboardViewController::backspaceDown(ui::Control& /*sender*/) {
     cancelBackspaceTimers();
-    textDocumentProxy().deleteBackward();
+    deleteBackward();
     setCapsIfNeeded();
     // The first tick of the repeat comes one repeat later, at the delay that was asked for.
     backspaceDelayTimer = platform().runLoop.scheduledTimer(backspaceDelay - backspaceRepeat, false,
@@ -27,7 +27,7 @@ void KeyboardViewController::backspaceDelayCallback() {
 
 void KeyboardViewController::backspaceRepeatCallback() {
     playKeySound();
-    textDocumentProxy().deleteBackward();
+    deleteBackward();
     setCapsIfNeeded();
 }
 

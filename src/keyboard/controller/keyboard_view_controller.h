@@ -219,6 +219,11 @@ protected:
     [[nodiscard]] platform::TextDocumentProxy& textDocumentProxy() const;
     [[nodiscard]] bool isPad() const;
 
+    // All that the keyboard itself does to the host's text and reads of it goes through these.
+    virtual void insertText(const std::string& text);
+    virtual void deleteBackward();
+    [[nodiscard]] virtual std::optional<std::string> textBeforeInput() const;
+
     /// Held touches are let go of, and every page and view takes its place anew in a layout pass.
     void layOutAnew();
     void layoutPass() { viewDidLayoutSubviews(); }

@@ -5,6 +5,18 @@
 
 namespace vorpel {
 
+void KeyboardViewController::insertText(const std::string& text) {
+    textDocumentProxy().insertText(text);
+}
+
+void KeyboardViewController::deleteBackward() {
+    textDocumentProxy().deleteBackward();
+}
+
+std::optional<std::string> KeyboardViewController::textBeforeInput() const {
+    return textDocumentProxy().documentContextBeforeInput();
+}
+
 void KeyboardViewController::setShiftState(ShiftState state) {
     shiftState_ = state;
     const bool capitals = uppercase(state);
@@ -69,16 +81,15 @@ bool KeyboardViewController::setCapsIfNeeded() {
 
 bool KeyboardViewController::shouldAutoCapitalize() const {
     if (!platform().userDefaults.boolForKey(preferences::kAutoCapitalization)) return false;
-    const platform::TextDocumentProxy& proxy = textDocumentProxy();
-    const auto type = proxy.autocapitalizationType();
+    const auto type = textDocumentProxy().autocapitalizationType();
     if (!type) return false;
     switch (*type) {
         case platform::AutocapitalizationType::None:
             return false;
         case platform::AutocapitalizationType::Words:
-            return beginsWord(proxy.documentContextBeforeInput());
+            return beginsWord(textBeforeInput());
         case platform::AutocapitalizationType::Sentences:
-            return beginsSentence(proxy.documentContextBeforeInput());
+            return beginsSentence(textBeforeInput());
         case platform::AutocapitalizationType::AllCharacters:
             return true;
     }

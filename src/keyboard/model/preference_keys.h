@@ -21,6 +21,12 @@ constexpr const char* KEY_COLOR = "keyColor";
 constexpr const char* KEY_TEXT_COLOR = "keyTextcolor";
 constexpr const char* KEY_BORDER_COLOR = "keyBorderColor";
 constexpr const char* KEY_UNDER_LINE_COLOR = "keyUnderLinecolor";
+constexpr const char* SUGGESTION_BAR_COLOR = "suggestionBarColor";
+constexpr const char* SUGGESTION_DIVIDER_COLOR = "suggestionDividerColor";
+constexpr const char* SUGGESTION_TEXT_COLOR = "suggestionTextColor";
+constexpr const char* IS_THEME_DARK_TYPE = "isThemeDarkType";
+constexpr const char* STRING_TO_SEND = "stringToSend";
+constexpr const char* WORD_SUGGESTION_COUNT = "wordSuggestionCount";
 
 /// The texts of the language rows in the settings.
 constexpr const char* kArabic = "Arabic";

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "keyboard/controller/vorpel_keyboard_view_controller.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 
 #include "keyboard/model/page_number.h"
 
 namespace vorpel {
 
 std::unique_ptr<VorpelKeyboardViewController> VorpelKeyboardViewController::create(
-    platform::Platform& platform) {
-    std::unique_ptr<VorpelKeyboardViewController> controller(new VorpelKeyboardViewController(platform));
+    platform::Platform& platform, const TypingOptions& options) {
+    std::unique_ptr<VorpelKeyboardViewController> controller(
+        new VorpelKeyboardViewController(platform, options));
     controller->setUp();
     return controller;
+}
+
+void VorpelKeyboardViewController::viewDidLoad() {
+    VPKeyboardViewController::viewDidLoad();
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
 }
 
 void VorpelKeyboardViewController::viewDidLayoutSubviews() {
@@ -21,7 +28,7 @@ void VorpelKeyboardViewController::viewDidLayoutSubviews() {
             if (laidOut) laidOut->otherTypeKeyWidth = 0;
         }
     }
-    KeyboardViewController::viewDidLayoutSubviews();
+    VPKeyboardViewController::viewDidLayoutSubviews();
 }
 
 void VorpelKeyboardViewController::selectPageForField() {
@@ -40,13 +47,13 @@ void VorpelKeyboardViewController::selectPageForField() {
 }
 
 void VorpelKeyboardViewController::keyPressedHelper(ui::Control& sender) {
-    KeyboardViewController::keyPressedHelper(sender);
+    VPKeyboardViewController::keyPressedHelper(sender);
     // Shift was held for this letter and has nothing left to do when it is let go.
     shiftStartingState.reset();
 }
 
 void VorpelKeyboardViewController::setupKeys() {
-    KeyboardViewController::setupKeys();
+    VPKeyboardViewController::setupKeys();
     const KeyboardLayout* const shown = plane().layout.get();
     if (!shown) return;
     for (const auto& [key, view] : shown->modelToView()) {
@@ -67,7 +74,7 @@ void VorpelKeyboardViewController::setupKeys() {
 
 void VorpelKeyboardViewController::shiftDoubleTapped(ui::Control& sender) {
     // Taps are counted by time and place: the first may have been on a letter beside shift.
-    if (downBefore_ == lastDown_) KeyboardViewController::shiftDoubleTapped(sender);
+    if (downBefore_ == lastDown_) VPKeyboardViewController::shiftDoubleTapped(sender);
 }
 
 }  // namespace vorpel

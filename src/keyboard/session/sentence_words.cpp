@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/session/sentence_words.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace vorpel {
+
+namespace {
+
+constexpr std::array<std::string_view, 40> newWordTriggers = {
+    " ", ".", ",", "?", "/", "!", ";", ":", "-", "\"", "(", ")", "#", "@", "$", "+", "_", "<", ">", "&",
+    "[", "]", "{", "}", "|", "\\", "*", "^", "×", "$", "€", "¥", "=", "₹", "÷", "•", "'", "%", "~", "£"};
+
+constexpr std::array<std::string_view, 7> NATURAL_TRIGGERS = {"\n", "\r", "\t", "،", "؛", "؟", "٪"};
+
+constexpr std::string_view APOSTROPHE = "'";
+
+struct Separator {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// Bytes of letters in any script; the few signs among them stand beside no apostrophe.
+bool isLetterByte(char byte) {
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || static_cast<signed char>(byte) < 0;
+}
+
+bool isBetweenLetters(std::string_view text, std::size_t at) {
+    return at > 0 && at + 1 < text.size() && isLetterByte(text[at - 1]) && isLetterByte(text[at + 1]);
+}
+
+std::size_t lastApostropheOutsideWords(std::string_view text) {
+    std::size_t at = text.rfind(APOSTROPHE);
+    while (at != std::string_view::npos && isBetweenLetters(text, at)) {
+        at = text.substr(0, at).rfind(APOSTROPHE);
+    }
+    return at;
+}
+
+std::optional<Separator> lastSeparator(std::string_view text, WordSplitting splitting) {
+    std::optional<Separator> last;
+    const auto take = [&last](std::size_t at, std::string_view trigger) {
+        if (at != std::string_view::npos && (!last || at > last->begin)) last = {at, at + trigger.size()};
+    };
+    const bool isNatural = splitting == WordSplitting::Natural;
+    for (const std::string_view trigger : newWordTriggers) {
+        const bool joinsLetters = isNatural && trigger == APOSTROPHE;
+        take(joinsLetters ? lastApostropheOutsideWords(text) : text.rfind(trigger), trigger);
+    }
+    if (!isNatural) return last;
+    for (const std::string_view trigger : NATURAL_TRIGGERS) take(text.rfind(trigger), trigger);
+    return last;
+}
+
+}  // namespace
+
+std::string getTheCurrentWordFromSentence(std::string_view sentence, WordSplitting splitting) {
+    const auto separator = lastSeparator(sentence, splitting);
+    return std::string(separator ? sentence.substr(separator->end) : sentence);
+}
+
+SentenceWords getTheCurrentAndPrevWordFromSentence(std::string_view sentence, WordSplitting splitting) {
+    auto separator = lastSeparator(sentence, splitting);
+    if (!separator) return {std::string(sentence), ""};
+    SentenceWords words{std::string(sentence.substr(separator->end)), ""};
+    do {
+        sentence = sentence.substr(0, separator->begin);
+        separator = lastSeparator(sentence, splitting);
+        words.previous = sentence.substr(separator ? separator->end : 0);
+    } while (splitting == WordSplitting::Natural && separator && words.previous.empty());
+    return words;
+}
+
+}  // namespace vorpel

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
+#include "platform/characters.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace vorpel {
+
+namespace {
+
+// Signs that stand right behind a word.
+constexpr std::array<std::string_view, 13> CLOSING_SIGNS = {".", ",", "?", "!",  ";",  ":",  ")",
+                                                            "]", "}", "…", "،", "؛", "؟"};
+
+// So many words are left alone at a time.
+constexpr std::size_t MOST_KEPT_WORDS = 16;
+
+// A touch further from its key, as a share of the keyboard, was not meant for it.
+constexpr double FARTHEST_TOUCH = 0.3;
+
+}  // namespace
+
+void VorpelKeyboardViewController::insertText(const std::string& text) {
+    VPKeyboardViewController::insertText(text);
+    record_.insert(text, std::exchange(pressedOffset_, std::nullopt));
+}
+
+void VorpelKeyboardViewController::deleteBackward() {
+    VPKeyboardViewController::deleteBackward();
+    record_.deleteBackward(textDocumentProxy().documentContextBeforeInput());
+}
+
+std::optional<std::string> VorpelKeyboardViewController::textBeforeInput() const {
+    return record_.before();
+}
+
+void VorpelKeyboardViewController::readField() {
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    const auto told = record_.tell(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    if (told == TextRecord::Told::Known) return;
+    forgetCorrection();
+    autoCorrectCurrentSession = false;
+    keptWords_.clear();
+    checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+void VorpelKeyboardViewController::textDidChange() {
+    readField();
+    VPKeyboardViewController::textDidChange();
+    // The words of one field are not shown at another.
+    if (!typingPolicy().suggests) checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+void VorpelKeyboardViewController::selectionDidChange() {
+    readField();
+    VPKeyboardViewController::selectionDidChange();
+}
+
+void VorpelKeyboardViewController::forgetCorrection() {
+    lastCorrection_.reset();
+    blank_ = Blank::Typed;
+}
+
+/// Whether the word stands before the cursor and may be deleted.
+bool VorpelKeyboardViewController::isSureOf(const std::string& word) const {
+    if (KTextInputMode || record_.isSure(word.size())) return true;
+    const auto answer = textDocumentProxy().documentContextBeforeInput();
+    return answer && getTheCurrentWordFromSentence(*answer, wordSplitting()) == word;
+}
+
+std::optional<KeyOffset> VorpelKeyboardViewController::offsetOf(const Key& key, ui::Point position) const {
+    if (!options_.touchPoints) return std::nullopt;
+    const auto found = std::ranges::find(keysArray, &key);
+    const ui::Size size = plane().forwardingView->bounds().size();
+    if (found == keysArray.end() || size.width <= 0 || size.height <= 0) return std::nullopt;
+    const ui::Point center = keyFramesArray[static_cast<std::size_t>(found - keysArray.begin())].center();
+    const KeyOffset offset{(position.x - center.x) / size.width, (position.y - center.y) / size.height};
+    const bool isNear = std::abs(offset.x) < FARTHEST_TOUCH && std::abs(offset.y) < FARTHEST_TOUCH;
+    return isNear ? std::optional(offset) : std::nullopt;
+}
+
+void VorpelKeyboardViewController::keyPressed(const Key& key, double date, ui::Point position) {
+    const Blank blank = blank_;
+    forgetCorrection();
+    if (replacesBlank(key, blank)) return;
+    pressedOffset_ = offsetOf(key, position);
+    VPKeyboardViewController::keyPressed(key, date, position);
+    pressedOffset_.reset();
+    finishCorrection(key);
+}
+
+/// A blank that the keyboard put in makes room for what belongs to the word before it. @return whether the
+/// key has nothing more to type
+bool VorpelKeyboardViewController::replacesBlank(const Key& key, Blank blank) {
+    if (!options_.smartSpacing || blank == Blank::Typed) return false;
+    if (!sentence().value_or("").ends_with(" ") || !(KTextInputMode || record_.isSure(1))) return false;
+    if (key.isSpace()) return blank == Blank::Suggestion;
+    const std::string output = key.outputForCase(uppercase(shiftState()));
+    if (std::ranges::find(CLOSING_SIGNS, output) != CLOSING_SIGNS.end()) deleteCharacter();
+    return false;
+}
+
+/// The key that made the correction has typed its own sign too.
+void VorpelKeyboardViewController::finishCorrection(const Key& key) {
+    if (!lastCorrection_) return;
+    lastCorrection_->entered += key.outputForCase(uppercase(shiftState()));
+    if (key.isSpace()) blank_ = Blank::Correction;
+}
+
+bool VorpelKeyboardViewController::mayCorrect(const std::string& word) const {
+    const std::string text = sentence().value_or("");
+    return std::ranges::none_of(keptWords_, [&](const KeptWord& kept) {
+        return kept.word == word && text == kept.textBefore + word;
+    });
+}
+
+void VorpelKeyboardViewController::showAnswer(const std::string& word, LabelTitles titles) {
+    correctedWord_ = word;
+    VPKeyboardViewController::showAnswer(word, std::move(titles));
+}
+
+void VorpelKeyboardViewController::autoCorrectWord() {
+    isCorrecting_ = true;
+    VPKeyboardViewController::autoCorrectWord();
+    isCorrecting_ = false;
+}
+
+void VorpelKeyboardViewController::deleteAndEnterWord(const std::string& word, const std::string& correctword) {
+    // The answer may be for fewer letters than there are by now.
+    if (word != correctedWord_ || !isSureOf(word) || !mayCorrect(word)) return;
+    VPKeyboardViewController::deleteAndEnterWord(word, correctword);
+    if (word.empty() || correctword.empty()) return;
+    autoCorrectCurrentSession = false;
+    lastCorrection_ = Correction{word, correctword + (options_.smartSpacing ? "" : " ")};
+}
+
+void VorpelKeyboardViewController::insertWordForFont(const std::string& word) {
+    enterText(word);
+    // The key that makes a correction types the blank.
+    if (!isCorrecting_ || !options_.smartSpacing) enterText(" ");
+}
+
+void VorpelKeyboardViewController::wordTapped(const std::string& word, int tag) {
+    if (!isSureOf(getCurrentWord())) {
+        const platform::TextDocumentProxy& field = textDocumentProxy();
+        record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    }
+    forgetCorrection();
+    VPKeyboardViewController::wordTapped(word, tag);
+    blank_ = Blank::Suggestion;
+    // The next letter's case hangs on the word, and so does what the next blank means.
+    contextChanged();
+}
+
+void VorpelKeyboardViewController::backspaceDown(ui::Control& sender) {
+    if (!undoCorrection()) {
+        forgetCorrection();
+        VPKeyboardViewController::backspaceDown(sender);
+        return;
+    }
+    cancelBackspaceTimers();
+    setCapsIfNeeded();
+    updateSearchString();
+    checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+bool VorpelKeyboardViewController::undoCorrection() {
+    const auto correction = std::exchange(lastCorrection_, std::nullopt);
+    if (!options_.undoOnBackspace || !correction) return false;
+    blank_ = Blank::Typed;
+    if (!sentence().value_or("").ends_with(correction->entered)) return false;
+    if (!KTextInputMode && !record_.isSure(correction->entered.size())) return false;
+    for (std::size_t left = platform::characterCount(correction->entered); left > 0; --left) deleteCharacter();
+    if (keptWords_.size() == MOST_KEPT_WORDS) keptWords_.erase(keptWords_.begin());
+    keptWords_.push_back({correction->typed, sentence().value_or("")});
+    enterText(correction->typed);
+    return true;
+}
+
+void VorpelKeyboardViewController::switchSettingsStateWithValues(bool on, const std::string& currWord,
+                                                                 const std::string& prevWord,
+                                                                 ui::Point touchPoint) {
+    if (!options_.distinctLabels || (!on && !currWord.empty())) {
+        VPKeyboardViewController::switchSettingsStateWithValues(on, currWord, prevWord, touchPoint);
+        return;
+    }
+    clearWords();
+    if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->shuffleSettingsOptions(false);
+}
+
+WordServiceFactory VorpelKeyboardViewController::makeWordServiceFactory() {
+    return wordServiceFactory(platform(), options_.touchPoints ? TouchUse::ByLetter : TouchUse::Ignored);
+}
+
+WordSplitting VorpelKeyboardViewController::wordSplitting() const {
+    return options_.naturalWords ? WordSplitting::Natural : WordSplitting::Listed;
+}
+
+LabelPlan VorpelKeyboardViewController::labelPlan() const {
+    return options_.distinctLabels ? LabelPlan::Distinct : LabelPlan::Fixed;
+}
+
+WordCase VorpelKeyboardViewController::wordCaseOf(const std::string& word) const {
+    return options_.naturalWords ? naturalCaseOf(word) : caseOf(word);
+}
+
+std::vector<std::optional<KeyOffset>> VorpelKeyboardViewController::keyOffsetsFor(
+    const std::string& word) const {
+    if (!options_.touchPoints || KTextInputMode) return {};
+    return record_.offsetsOf(word);
+}
+
+}  // namespace vorpel

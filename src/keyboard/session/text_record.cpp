@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/session/text_record.h"
+
+#include "platform/characters.h"
+
+#include <algorithm>
+
+namespace vorpel {
+
+namespace {
+
+bool beginsCodePoint(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+bool agree(std::string_view a, std::string_view b) {
+    return a.ends_with(b) || b.ends_with(a);
+}
+
+}  // namespace
+
+/// The answer is the text as it was before the last strokes. `missing` becomes how many bytes those typed.
+bool TextRecord::mayBeLate(std::string_view answer, std::size_t* missing) const {
+    const std::string known = before().value_or("");
+    const std::string_view text = known;
+    for (std::size_t size = 0; size <= typed_.size(); ++size) {
+        *missing = size;
+        // Fields may show only the last part of a text, but an empty answer is no part of one.
+        if (answer.empty() ? size == text.size() : agree(text.substr(0, text.size() - size), answer)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
+                                  const std::optional<std::string>& after) {
+    std::size_t missing = 0;
+    const std::string answer = before.value_or("");
+    const bool isKnown = !typed_.empty() && after.value_or("") == after_.value_or("") &&
+                         mayBeLate(answer, &missing);
+    if (!isKnown) {
+        const bool same = typed_.empty() && before.value_or("") == told_.value_or("") &&
+                          after.value_or("") == after_.value_or("");
+        take(before, after);
+        return same ? Told::Known : Told::Different;
+    }
+    if (missing > 0) {
+        // It may also be that somebody took these letters away.
+        sureFrom_ = typed_.size();
+    } else if (answer.size() > typed_.size()) {
+        told_ = answer.substr(0, answer.size() - typed_.size());
+        sureFrom_ = 0;
+        isAnswerSure_ = true;
+    }
+    return Told::Known;
+}
+
+void TextRecord::take(const std::optional<std::string>& before, const std::optional<std::string>& after) {
+    told_ = before;
+    after_ = after;
+    typed_.clear();
+    strokes_.clear();
+    sureFrom_ = 0;
+    isAnswerSure_ = true;
+}
+
+void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset) {
+    typed_ += text;
+    strokes_.push_back({typed_.size(), offset});
+}
+
+void TextRecord::deleteBackward(const std::optional<std::string>& answer) {
+    if (!typed_.empty()) {
+        // What was typed may have joined the character before it.
+        const std::string told = told_.value_or("");
+        const std::string left = platform::withoutLastCharacter(told + typed_);
+        typed_ = left.size() > told.size() ? left.substr(told.size()) : "";
+        if (left.size() < told.size()) told_ = left;
+        sureFrom_ = std::min(sureFrom_, typed_.size());
+        std::erase_if(strokes_, [this](const Stroke& stroke) { return stroke.end > typed_.size(); });
+        return;
+    }
+    const std::string old = told_.value_or("");
+    told_ = platform::withoutLastCharacter(old);
+    if (answer.value_or("") == *told_) {
+        if (!answer) told_.reset();
+        return;
+    }
+    // A selection was deleted in place of the character, or the answer is late.
+    const bool isLate = answer.value_or("") == old;
+    if (!isLate) told_ = answer;
+    isAnswerSure_ = !isLate;
+}
+
+std::optional<std::string> TextRecord::before() const {
+    if (!told_ && typed_.empty()) return std::nullopt;
+    return told_.value_or("") + typed_;
+}
+
+bool TextRecord::isSure(std::size_t size) const {
+    return size <= typed_.size() - sureFrom_ || (sureFrom_ == 0 && isAnswerSure_);
+}
+
+std::vector<std::optional<KeyOffset>> TextRecord::offsetsOf(std::string_view word) const {
+    std::vector<std::optional<KeyOffset>> offsets;
+    const std::size_t typed = std::min(word.size(), typed_.size());
+    const std::size_t at = typed_.size() - typed;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (!beginsCodePoint(word[i])) continue;
+        offsets.emplace_back();
+        if (i < word.size() - typed) continue;
+        // Each stroke typed one code point; one that typed more was not touched letter by letter.
+        const std::size_t begin = at + i - (word.size() - typed);
+        const auto stroke = std::ranges::find_if(
+            strokes_, [begin](const Stroke& candidate) { return candidate.end > begin; });
+        if (stroke != strokes_.end()) offsets.back() = stroke->offset;
+    }
+    return offsets;
+}
+
+}  // namespace vorpel

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "suggestion/vp_word_suggestions.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vorpel {
+
+/// What stands before the cursor, as far as the keyboard knows: what the field said when it last spoke up,
+/// and what was typed since. Fields answer late, in part or never, so what they say is weighed against what
+/// was typed. UTF-8. Main thread only.
+class TextRecord {
+public:
+    enum class Told {
+        Known,     ///< nothing new, or an answer that may be late: what was typed stands
+        Different  ///< the text is another one, or the cursor stands elsewhere
+    };
+
+    /// The field has spoken up.
+    Told tell(const std::optional<std::string>& before, const std::optional<std::string>& after);
+
+    /// The field's answer counts, whatever was typed.
+    void take(const std::optional<std::string>& before, const std::optional<std::string>& after);
+
+    /// `offset` is that of the touch, for a text of one letter that was touched.
+    void insert(const std::string& text, const std::optional<KeyOffset>& offset);
+
+    /// `answer` is what the field says now that the character before the cursor, or the selection, is gone.
+    void deleteBackward(const std::optional<std::string>& answer);
+
+    /// Nothing when nothing is known.
+    [[nodiscard]] std::optional<std::string> before() const;
+
+    /// Whether these last bytes surely stand in the field: they may be deleted.
+    [[nodiscard]] bool isSure(std::size_t size) const;
+
+    /// For each code point of the word that the text ends with.
+    [[nodiscard]] std::vector<std::optional<KeyOffset>> offsetsOf(std::string_view word) const;
+
+private:
+    struct Stroke {
+        std::size_t end = 0;  // in typed_, behind what it typed
+        std::optional<KeyOffset> offset;
+    };
+
+    [[nodiscard]] bool mayBeLate(std::string_view answer, std::size_t* missing) const;
+
+    std::optional<std::string> told_;
+    std::optional<std::string> after_;
+    std::string typed_;
+    std::vector<Stroke> strokes_;
+    std::size_t sureFrom_ = 0;   // in typed_: what is before may have been changed by somebody else
+    bool isAnswerSure_ = true;  // the same of told_
+};
+
+}  // namespace vorpel
