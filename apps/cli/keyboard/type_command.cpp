@@ -70,6 +70,8 @@ private:
         while (begin != characters.begin() && !isBlank(*(begin - 1))) --begin;
         if (begin == typedEnd || end == typedEnd) return at;
         const std::string word = std::accumulate(begin, end, std::string());
+        // As the frame before the touch would have.
+        stage_.window().layoutIfNeeded();
         for (ui::Button* const label : stage_.banner().wordLabels()) {
             if (label->isHidden() || platform::lowercased(label->currentTitle()) != platform::lowercased(word)) {
                 continue;
