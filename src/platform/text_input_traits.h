@@ -46,8 +46,8 @@ struct TextInputTraits {
     std::optional<KeyboardType> keyboardType;
     std::optional<ReturnKeyType> returnKeyType;
     std::optional<KeyboardAppearance> keyboardAppearance;
-    std::optional<bool> isSecureTextEntry;  ///< shows bullets: a password, a pin
-    std::optional<bool> isSensitive;        ///< shown, but not to be remembered
+    std::optional<bool> isSecureTextEntry = {};  ///< shows bullets: a password, a pin
+    std::optional<bool> isSensitive = {};        ///< shown, but not to be remembered
 };
 
 }  // namespace vorpel::platform
