@@ -21,8 +21,11 @@ struct ReturnKind {
     const char* label;
 };
 
-constexpr std::array<FieldKind, 4> FIELDS{
-    {{"text", "Text"}, {"email", "Email"}, {"url", "Web address"}, {"number", "Number"}}};
+constexpr std::array<FieldKind, 5> FIELDS{{{"text", "Text"},
+                                           {"email", "Email"},
+                                           {"url", "Web address"},
+                                           {"number", "Number"},
+                                           {"password", "Password"}}};
 
 // Those for which the keyboard has pages.
 constexpr std::array<ReturnKind, 6> RETURNS{{{ReturnKeyType::Default, "Return"},

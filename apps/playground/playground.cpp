@@ -15,15 +15,6 @@ constexpr double MARGIN = 12;
 
 }  // namespace
 
-/// Leaves no room for a bar that it has not got.
-class Playground::Keyboard final : public VorpelKeyboardViewController {
-public:
-    explicit Keyboard(platform::Platform& platform) : VorpelKeyboardViewController(platform) {
-        setUp();
-        isBannerView = bannerView() != nullptr;
-    }
-};
-
 Playground::Playground(const Services& services)
     : platform_{.host = *this,
                 .runLoop = services.runLoop,
@@ -40,7 +31,7 @@ Playground::Playground(const Services& services)
       toolbar_([this](Choice choice) { choose(choice); }),
       textArea_(field_, services.runLoop) {
     field_.setTraits(choices_.traits());
-    keyboard_ = std::make_unique<Keyboard>(platform_);
+    keyboard_ = VorpelKeyboardViewController::create(platform_, TypingOptions::all());
     textArea_.setTapHandler([this](std::size_t character) { tapText(character); });
     root_.addSubview(toolbar_);
     root_.addSubview(textArea_);
@@ -101,7 +92,7 @@ void Playground::placeAll() {
 /// At the lower edge, as wide as the column and as high as it asks to be.
 void Playground::placeKeyboard() {
     if (keyboardHeight_ <= 0) {
-        keyboardHeight_ = keyboard_->heightForOrientation(interfaceOrientation(), false);
+        keyboardHeight_ = keyboard_->heightForOrientation(interfaceOrientation(), true);
     }
     const ui::Rect frame{toolbar_.frame().x, size_.height - keyboardHeight_, screen_.boundsWidth(),
                          keyboardHeight_};

@@ -66,8 +66,6 @@ public:
     void refresh();
 
 private:
-    class Keyboard;
-
     platform::TextDocumentProxy& textDocumentProxy() override { return field_; }
     platform::InterfaceOrientation interfaceOrientation() const override;
     void dismissKeyboard() override;

@@ -22,9 +22,14 @@ constexpr double CURSOR_WIDTH = 2;
 // On, and as long off.
 constexpr double BLINK_SECONDS = 0.53;
 
-std::size_t cursorInBytes(const platform::PlainTextField& field) {
-    const auto before = field.documentContextBeforeInput();
-    return before ? before->size() : 0;
+constexpr const char* BULLET = "•";
+
+/// What others may see of a text.
+std::string shownOf(const platform::PlainTextField& field, const std::string& text) {
+    if (!field.isSecureTextEntry().value_or(false)) return text;
+    std::string bullets;
+    for (std::size_t left = platform::characterCount(text); left > 0; --left) bullets += BULLET;
+    return bullets;
 }
 
 }  // namespace
@@ -39,10 +44,11 @@ TextArea::TextArea(platform::PlainTextField& field, platform::RunLoop& runLoop)
 }
 
 void TextArea::refresh() {
-    const std::size_t cursor = cursorInBytes(field_);
-    const bool sameText = field_.text() == text_ && typeset_;
+    const std::size_t cursor = shownOf(field_, field_.documentContextBeforeInput().value_or("")).size();
+    const std::string text = shownOf(field_, field_.text());
+    const bool sameText = text == text_ && typeset_;
     if (sameText && cursor == cursor_) return;
-    text_ = field_.text();
+    text_ = text;
     cursor_ = cursor;
     if (!sameText) typeset();
     placeCursor();

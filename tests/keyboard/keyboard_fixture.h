@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "keyboard/model/preference_keys.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "platform/characters.h"
 #include "support/deterministic_platform.h"
 #include "text/diagnostics.h"
 #include "ui/window.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -71,11 +72,16 @@ struct Setting {
 /// or show, or: "shift", "backspace", "globe", "emoji", "space", "return", "left", "right", "dismiss".
 class Stage {
 public:
-    explicit Stage(const Setting& setting = {}) : platform(setting.device) {
+    using Maker = std::function<std::unique_ptr<KeyboardViewController>(platform::Platform&)>;
+
+    /// With a keyboard of the test's own, where it has one.
+    explicit Stage(const Setting& setting = {}, const Maker& maker = nullptr) : platform(setting.device) {
         wordengine::Diagnostics::setStream(nullptr);
         platform.userDefaults.setString(preferences::LANGUAGE, setting.language);
         setTraits(platform::KeyboardType::Default, platform::ReturnKeyType::Default, setting.capitals);
-        if (setting.kind == Kind::Plain) {
+        if (maker) {
+            controller = maker(platform.platform);
+        } else if (setting.kind == Kind::Plain) {
             controller =
                 std::make_unique<OpenKeyboard<KeyboardViewController>>(platform.platform, calls, dates);
         } else {

@@ -27,7 +27,7 @@ constexpr double FARTHEST_TOUCH = 0.3;
 
 void VorpelKeyboardViewController::insertText(const std::string& text) {
     VPKeyboardViewController::insertText(text);
-    record_.insert(text, std::exchange(pressedOffset_, std::nullopt));
+    record_.insert(text, std::exchange(pressedOffset_, std::nullopt), platform().runLoop.now());
 }
 
 void VorpelKeyboardViewController::deleteBackward() {
@@ -41,7 +41,8 @@ std::optional<std::string> VorpelKeyboardViewController::textBeforeInput() const
 
 void VorpelKeyboardViewController::readField() {
     const platform::TextDocumentProxy& field = textDocumentProxy();
-    const auto told = record_.tell(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    const auto told = record_.tell(field.documentContextBeforeInput(), field.documentContextAfterInput(),
+                                   platform().runLoop.now());
     if (told == TextRecord::Told::Known) return;
     forgetCorrection();
     autoCorrectCurrentSession = false;

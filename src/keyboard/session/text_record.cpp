@@ -9,6 +9,9 @@ namespace vorpel {
 
 namespace {
 
+// In seconds.
+constexpr double LONGEST_DELAY = 2;
+
 bool beginsCodePoint(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
@@ -20,25 +23,27 @@ bool agree(std::string_view a, std::string_view b) {
 }  // namespace
 
 /// The answer is the text as it was before the last strokes. `missing` becomes how many bytes those typed.
-bool TextRecord::mayBeLate(std::string_view answer, std::size_t* missing) const {
+bool TextRecord::mayBeLate(std::string_view answer, double now, std::size_t* missing) const {
     const std::string known = before().value_or("");
     const std::string_view text = known;
-    for (std::size_t size = 0; size <= typed_.size(); ++size) {
+    const auto isOld = [now](const Stroke& stroke) { return stroke.time < now - LONGEST_DELAY; };
+    const auto lastOld = std::find_if(strokes_.rbegin(), strokes_.rend(), isOld);
+    const std::size_t most = typed_.size() - (lastOld == strokes_.rend() ? 0 : lastOld->end);
+    for (std::size_t size = 0; size <= most; ++size) {
         *missing = size;
-        // Fields may show only the last part of a text, but an empty answer is no part of one.
-        if (answer.empty() ? size == text.size() : agree(text.substr(0, text.size() - size), answer)) {
-            return true;
-        }
+        const std::string_view earlier = text.substr(0, text.size() - size);
+        // Fields may show only the last part of a text, but nothing is no part of one.
+        if (earlier.empty() || answer.empty() ? earlier == answer : agree(earlier, answer)) return true;
     }
     return false;
 }
 
 TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
-                                  const std::optional<std::string>& after) {
+                                  const std::optional<std::string>& after, double now) {
     std::size_t missing = 0;
     const std::string answer = before.value_or("");
     const bool isKnown = !typed_.empty() && after.value_or("") == after_.value_or("") &&
-                         mayBeLate(answer, &missing);
+                         mayBeLate(answer, now, &missing);
     if (!isKnown) {
         const bool same = typed_.empty() && before.value_or("") == told_.value_or("") &&
                           after.value_or("") == after_.value_or("");
@@ -65,9 +70,9 @@ void TextRecord::take(const std::optional<std::string>& before, const std::optio
     isAnswerSure_ = true;
 }
 
-void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset) {
+void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset, double now) {
     typed_ += text;
-    strokes_.push_back({typed_.size(), offset});
+    strokes_.push_back({typed_.size(), offset, now});
 }
 
 void TextRecord::deleteBackward(const std::optional<std::string>& answer) {

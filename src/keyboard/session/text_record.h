@@ -21,14 +21,15 @@ public:
         Different  ///< the text is another one, or the cursor stands elsewhere
     };
 
-    /// The field has spoken up.
-    Told tell(const std::optional<std::string>& before, const std::optional<std::string>& after);
+    /// The field has spoken up. An answer is late for no more than two seconds; `now` is in seconds on any
+    /// clock that goes forward.
+    Told tell(const std::optional<std::string>& before, const std::optional<std::string>& after, double now);
 
     /// The field's answer counts, whatever was typed.
     void take(const std::optional<std::string>& before, const std::optional<std::string>& after);
 
     /// `offset` is that of the touch, for a text of one letter that was touched.
-    void insert(const std::string& text, const std::optional<KeyOffset>& offset);
+    void insert(const std::string& text, const std::optional<KeyOffset>& offset, double now);
 
     /// `answer` is what the field says now that the character before the cursor, or the selection, is gone.
     void deleteBackward(const std::optional<std::string>& answer);
@@ -46,9 +47,10 @@ private:
     struct Stroke {
         std::size_t end = 0;  // in typed_, behind what it typed
         std::optional<KeyOffset> offset;
+        double time = 0;
     };
 
-    [[nodiscard]] bool mayBeLate(std::string_view answer, std::size_t* missing) const;
+    [[nodiscard]] bool mayBeLate(std::string_view answer, double now, std::size_t* missing) const;
 
     std::optional<std::string> told_;
     std::optional<std::string> after_;

@@ -53,6 +53,10 @@ void VPKeyboardViewController::viewDidLoad() {
     }
     serialQueue_ = platform().makeOperationQueue();
     serialQueue_->setMaxConcurrentOperationCount(1);
+    observeEmojiKey();
+}
+
+void VPKeyboardViewController::observeEmojiKey() {
     emojiObservation_ = platform().notificationCenter.addObserver(
         "open Emoji Keyboard", [this](const platform::Notification&) { emojiClicked(nullptr); });
 }
@@ -61,6 +65,7 @@ void VPKeyboardViewController::viewWillAppear() {
     KeyboardViewController::viewWillAppear();
     setupInitialState();
     if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->addCreateStickerButton();
+    observeEmojiKey();
     // The keys of a keyboard that comes back need not be laid out anew.
     keyFramesValuesChanged();
 }

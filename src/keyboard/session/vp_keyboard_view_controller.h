@@ -132,6 +132,7 @@ protected:
 private:
     struct Life {};
 
+    void observeEmojiKey();
     void readInputMode();
     void deleteForBackspace();
     void keepLetters(const std::string& output);
