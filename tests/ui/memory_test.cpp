@@ -36,8 +36,7 @@ TEST_F(MemoryTest, LaterFramesAllocateNothingNeitherInTheTreeNorInThePainter) {
     for (View* const view : std::initializer_list<View*>{&key, &label, &arabic, &button, &image}) {
         root.addSubview(*view);
     }
-    label.setText(
-        "a text that is too long to be kept in the string itself, and set smaller for want of room");
+    label.setText("a text that is too long to be kept in the string itself, and set smaller");
     label.setAdjustsFontSizeToFitWidth(true);
     arabic.setText("مرحبا 😀");
     button.setTitle("Q");

@@ -2,7 +2,6 @@
 #include "ui/cairo/bitmap.h"
 
 #include "storage/atomic_file.h"
-#include "ui/cairo/image_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,20 +42,6 @@ Bitmap::Bitmap(int width, int height)
 
 Bitmap Bitmap::covering(const Size& points, double scale) {
     return {sideInPixels(points.width, scale), sideInPixels(points.height, scale)};
-}
-
-Bitmap Bitmap::loadPng(const std::string& path) {
-    const ImageFile file = readPngFile(path);
-    if (!file.surface) throw std::runtime_error(path + ": " + file.reason);
-    // The file's own pixels may be of another format.
-    Bitmap bitmap(cairo_image_surface_get_width(file.surface.get()),
-                  cairo_image_surface_get_height(file.surface.get()));
-    const ContextHandle context(cairo_create(bitmap.surface()));
-    cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
-    cairo_set_source_surface(context.get(), file.surface.get(), 0, 0);
-    cairo_paint(context.get());
-    cairo_surface_flush(bitmap.surface());
-    return bitmap;
 }
 
 void Bitmap::savePng(const std::string& path) const {

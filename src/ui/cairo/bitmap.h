@@ -21,10 +21,6 @@ public:
     /// As many pixels as that size takes at that scale; one that is begun counts.
     [[nodiscard]] static Bitmap covering(const Size& points, double scale);
 
-    /// A PNG file's picture.
-    /// @throw std::runtime_error with the path and the reason when it cannot be read
-    [[nodiscard]] static Bitmap loadPng(const std::string& path);
-
     /// Writes the picture as PNG, as a whole or not at all.
     /// @throw std::runtime_error with the path and the reason when it cannot be written
     void savePng(const std::string& path) const;
