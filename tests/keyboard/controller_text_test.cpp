@@ -23,7 +23,6 @@ TEST(AutomaticPeriod, TwoBlanksBehindAWordBecomeAFullStop) {
         {"hi,", "  ", "hi,  "},            // one that goes on
         {"", "  ", "  "},                  // nothing to end
         {"hi\n", "  ", "hi\n  "},          // a new line
-        {"hi\t", "  ", "hi\t  "},          //
         {"hi ", "  ", "hi   "},            // a blank that was there before
         {"hi", "    ", "hi.   "},          // the next two stand behind the full stop
         {"hi", " a  ", "hi a. "},          // a letter between

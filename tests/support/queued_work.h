@@ -28,21 +28,16 @@ public:
 
     [[nodiscard]] std::size_t count() const { return line_.size(); }
 
-    /// @return whether there was any
-    bool runOne() {
-        if (line_.empty()) return false;
-        const Entry entry = std::move(line_.front());
-        line_.pop_front();
-        running_ = entry.owner;
-        entry.block();
-        running_ = nullptr;
-        return true;
-    }
-
     /// What the work itself hands in runs too. @return how many ran
     std::size_t runAll() {
         std::size_t count = 0;
-        while (runOne()) ++count;
+        for (; !line_.empty(); ++count) {
+            const Entry entry = std::move(line_.front());
+            line_.pop_front();
+            running_ = entry.owner;
+            entry.block();
+            running_ = nullptr;
+        }
         return count;
     }
 

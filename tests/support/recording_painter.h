@@ -19,7 +19,6 @@ struct Drawn {
     ui::Color color;
     std::string text;  ///< of an image, its path
     ui::Font font;
-    double minimumScale = 1;
 };
 
 /// Keeps what it is told to draw. Its text is simple: each byte is half the font's size wide, a line one and
@@ -76,7 +75,7 @@ public:
         record({Drawn::What::Image, rect, tint, path, {}});
     }
     void drawText(const std::string& text, const ui::Rect& rect, const ui::TextStyle& style) override {
-        record({Drawn::What::Text, rect, style.color, text, style.font, style.minimumScale});
+        record({Drawn::What::Text, rect, style.color, text, style.font});
     }
     void drawParagraph(const std::string& text, const ui::Rect& rect, const ui::TextStyle& style) override {
         record({Drawn::What::Paragraph, rect, style.color, text, style.font});

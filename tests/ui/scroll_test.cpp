@@ -112,8 +112,10 @@ TEST_F(ScrollTest, AThrownContentGlidesOnAndRestsOrIsHeld) {
     EXPECT_FALSE(control.isHighlighted()) << "a finger holds what glides and presses nothing";
     window.touchMoved(1, {50, 58});
     EXPECT_EQ(top(), held + 2) << "held already: no way to begin with";
-    advance(1);
-    EXPECT_EQ(top(), held + 2);
+    window.touchUp(1, {50, 58});
+    flick({50, 180}, {50, 80});
+    scroll.removeFromSuperview();
+    EXPECT_EQ(runLoop.timerCount(), 0U) << "gone from the window nothing moves on";
 }
 
 TEST_F(ScrollTest, BeyondTheEndsItStretchesAndSwingsBack) {
@@ -136,9 +138,7 @@ TEST_F(ScrollTest, TheProgramMovesItWithinTheContent) {
     scroll.setContentOffset({30, 5000});
     EXPECT_EQ(scroll.contentOffset(), (Point{0, 800}));
     scroll.setContentOffset({0, 0}, Animated::Yes);
-    advance(0.15);
-    EXPECT_NEAR(top(), 400, 1e-6);
-    advance(0.15);
+    advance(0.3);
     EXPECT_EQ(top(), 0);
     EXPECT_EQ(takeLog(), "arrived ");
     const Transaction transaction(&window, Actions::Disabled);

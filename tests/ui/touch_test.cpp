@@ -118,6 +118,15 @@ TEST_F(TouchTest, AnActionMayDestroyItsControlAtAnyEvent) {
     EXPECT_EQ(takeLog(), Names{});
 }
 
+TEST_F(TouchTest, ActionsThatAreAddedMeanwhileWaitForTheNextEvent) {
+    control->addTarget(&log, "add", ControlEvent::TouchDown, [this](Control&) {
+        control->addTarget(&log, "later", ControlEvent::TouchDown,
+                           [this](Control&) { log.emplace_back("later"); });
+    });
+    tap({120, 120});
+    EXPECT_EQ(takeLog(), (Names{"down", "up"}));
+}
+
 class TapGestureTest : public TouchTest {
 protected:
     TapGestureTest() { gesture.attachTo(root); }
