@@ -72,36 +72,5 @@ TEST(EditDistance, LengthsAroundTheFixedTable) {
     EXPECT_EQ(2.0f, EditDistance::getEditDistance(&negative));
 }
 
-/// Costs that tell the directions apart and grow with the index.
-class WeightedPolicy : public EditDistancePolicy {
-public:
-    WeightedPolicy(int length0, int length1) : length0_(length0), length1_(length1) {}
-    [[nodiscard]] float getSubstitutionCost(int, int) const override { return 100.0f; }
-    [[nodiscard]] float getDeletionCost(int, int index1) const override {
-        return 2.0f + static_cast<float>(index1);
-    }
-    [[nodiscard]] float getInsertionCost(int index0, int) const override {
-        return 10.0f + static_cast<float>(index0);
-    }
-    [[nodiscard]] bool allowTransposition(int, int) const override { return false; }
-    [[nodiscard]] float getTranspositionCost(int, int) const override { return 0.0f; }
-    [[nodiscard]] int getString0Length() const override { return length0_; }
-    [[nodiscard]] int getString1Length() const override { return length1_; }
-
-private:
-    int length0_;
-    int length1_;
-};
-
-TEST(EditDistance, EdgesMultiplyTheLastCost) {
-    const WeightedPolicy insertions(3, 0);
-    EXPECT_EQ(3.0f * 12.0f, EditDistance::getEditDistance(&insertions));
-    const WeightedPolicy deletions(0, 3);
-    EXPECT_EQ(3.0f * 4.0f, EditDistance::getEditDistance(&deletions));
-    // Insertion at (0, 0) from the edge [0][1] = 1 * 2, or deletion from [1][0] = 1 * 10.
-    const WeightedPolicy both(1, 1);
-    EXPECT_EQ(12.0f, EditDistance::getEditDistance(&both));
-}
-
 }  // namespace
 }  // namespace wordengine
