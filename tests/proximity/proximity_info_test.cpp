@@ -2,7 +2,6 @@
 #include "proximity/proximity_info.h"
 
 #include "layouts.h"
-#include "proximity/additional_proximity_chars.h"
 #include "proximity/proximity_info_utils.h"
 #include "text/char_utils.h"
 
@@ -76,12 +75,6 @@ TEST(ProximityInfoModel, codePointsFindTheLastKeyWithTheirSmallLetter) {
             const auto found = keys.find(CharUtils::toLowerCase(c));
             EXPECT_EQ(info->getKeyIndexOf(c), found != keys.end() ? found->second : NO_INDEX) << c;
         }
-        for (int k = -2; k < 70; ++k) {
-            const bool isKey = k >= 0 && k < layout.keyCount();
-            EXPECT_EQ(info->getOriginalCodePointOf(k), isKey ? layout.codes[k] : NO_CODE_POINT);
-            EXPECT_EQ(info->getCodePointOf(k),
-                      isKey ? CharUtils::toLowerCase(layout.codes[k]) : NO_CODE_POINT);
-        }
     }
 }
 
@@ -128,19 +121,6 @@ TEST(ProximityList, randomPointsListTheNearKeysInTheOrderOfTheirCell) {
     EXPECT_EQ(longest, 16) << "no list was ever full";
 }
 
-TEST(ProximityInfoEdges, theRightEdgeIsOnAKeyAndTheBottomEdgeIsNot) {
-    const int xs[] = {100, 100};
-    const int ys[] = {50, 50};
-    const int widths[] = {20, -1};
-    const int heights[] = {10, 10};
-    const auto isOn = [&](int key, int x, int y) {
-        return ProximityInfoUtils::isOnKey(xs, ys, widths, heights, key, x, y);
-    };
-    EXPECT_TRUE(isOn(0, 100, 50) && isOn(0, 120, 59));
-    EXPECT_FALSE(isOn(0, 99, 50) || isOn(0, 110, 49) || isOn(0, 121, 59) || isOn(0, 120, 60));
-    EXPECT_FALSE(isOn(1, 100, 50)) << "a key without width";
-}
-
 TEST(ProximityInfoEdges, unusableSizesGiveALayoutThatAnswers) {
     std::mt19937 random(5);
     const int extremes[] = {INT_MIN, -1, 0, 1, 3, 1 << 30, INT_MAX};
@@ -149,19 +129,16 @@ TEST(ProximityInfoEdges, unusableSizesGiveALayoutThatAnswers) {
                            -3e38f, 0.5f, 1e9f};
     for (int round = 0; round < 200; ++round) {
         Layout layout;
-        layout.width = pick();
-        layout.height = pick();
-        layout.gridWidth = pick();
-        layout.gridHeight = pick();
-        layout.keyWidth = pick();
-        layout.keyHeight = pick();
+        for (int* size : {&layout.width, &layout.height, &layout.gridWidth, &layout.gridHeight,
+                          &layout.keyWidth, &layout.keyHeight}) {
+            *size = pick();
+        }
         layout.chars.assign(40, 'a');
         for (int k = 0; k < 3; ++k) {
             layout.addKey(0, 0, 0, 0, k == 0 ? 'a' : pick());
-            layout.xs.back() = pick();
-            layout.ys.back() = pick();
-            layout.widths.back() = pick();
-            layout.heights.back() = pick();
+            for (auto* column : {&layout.xs, &layout.ys, &layout.widths, &layout.heights}) {
+                column->back() = pick();
+            }
             layout.sweetXs.back() = reals[random() % 5];
             layout.sweetYs.back() = reals[random() % 5];
         }
@@ -177,40 +154,20 @@ TEST(ProximityInfoEdges, unusableSizesGiveALayoutThatAnswers) {
 }
 
 TEST(ProximityInfoEdges, keysBeyondTheLimitAndMissingArrays) {
-    Layout layout;
-    layout.width = 700;
-    layout.height = 100;
-    layout.keyWidth = 10;
-    layout.keyHeight = 10;
-    for (int k = 0; k < 70; ++k) layout.addKey(k * 10, 0, 10, 10, 0x10000 + k);
+    Layout layout = qwertyLayout();
+    for (int k = layout.keyCount(); k < 70; ++k) layout.addKey(k * 10, 0, 10, 10, 0x10000 + k);
     const auto info = layout.build();
     EXPECT_EQ(info->getKeyCount(), 64);
     EXPECT_EQ(info->getCodePointOf(64), NO_CODE_POINT);
+    EXPECT_EQ(info->getKeyIndexOf(0x10000 + 63), 63);
     EXPECT_EQ(info->getKeyIndexOf(0x10000 + 65), NO_INDEX);
-
     const ProximityInfo bare("en", 700, 100, 4, 4, 10, 10, nullptr, 64, 5, layout.xs.data(), nullptr, nullptr,
                              nullptr, layout.codes.data(), nullptr, nullptr, nullptr);
     EXPECT_FALSE(bare.hasTouchPositionCorrectionData());
-    EXPECT_TRUE(info->hasTouchPositionCorrectionData());
-    EXPECT_EQ(bare.getKeyCenterXOfKeyIdG(2, NO_COORDINATE, false), 20);
+    EXPECT_EQ(bare.getKeyCenterXOfKeyIdG(2, NO_COORDINATE, false), 200);
     const ProximityInfo keyless(nullptr, 700, 100, 4, 4, 10, 10, nullptr, 0, -3, nullptr, nullptr, nullptr,
                                 nullptr, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(keyless.getKeyCount(), 0);
     EXPECT_EQ(keyless.getKeyIndexOf('a'), NO_INDEX);
-}
-
-TEST(AdditionalChars, everyVowelOffersTheOthers) {
-    const std::string vowels = "aeiou";
-    for (const char vowel : vowels) {
-        ASSERT_EQ(AdditionalProximityChars::getAdditionalCharsSize("en_US", vowel), 4);
-        const int* const chars = AdditionalProximityChars::getAdditionalChars("en_US", vowel);
-        std::string others = vowels;
-        others.erase(others.find(vowel), 1);
-        EXPECT_EQ(std::string(chars, chars + 4), others);
-        EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize("fr", vowel), 0);
-    }
-    EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize("en", 'b'), 0);
-    EXPECT_EQ(AdditionalProximityChars::getAdditionalCharsSize(nullptr, 'a'), 0);
 }
 
 }  // namespace

@@ -112,58 +112,5 @@ TEST(Sampling, randomTracesKeepThePointsOfTheModel) {
     EXPECT_GT(dropped, 1000);
 }
 
-TEST(Speed, ratesAndDirectionsByHand) {
-    DrawnTrace trace;
-    const int xs[] = {0, 10, 20, 30, 60, 90, 120};
-    for (int i = 0; i < 7; ++i) trace.add(xs[i], 5, 10 * i);
-    const auto ratesOf = [&](const std::vector<int>& indices) {
-        SampledPoints points;
-        for (const int i : indices) {
-            points.sampledInputXs.push_back(trace.xs[i]);
-            points.sampledInputYs.push_back(trace.ys[i]);
-            points.sampledTimes.push_back(trace.times[i]);
-            points.sampledInputIndice.push_back(i);
-            points.sampledLengthCache.push_back(trace.xs[i]);
-        }
-        std::vector<float> rates, directions;
-        const float average =
-            ProximityInfoStateUtils::refreshSpeedRates(trace.raw(), 0, points, &rates, &directions);
-        EXPECT_EQ(average, trace.times.back() == 0 ? 0.0f : 2.0f);
-        EXPECT_EQ(directions.size(), indices.size() - 1);
-        for (const float direction : directions) EXPECT_FLOAT_EQ(direction, 3.1415927f);
-        return rates;
-    };
-    EXPECT_EQ(ratesOf({0, 3, 6}), (std::vector<float>{0.5f, 1.0f, 1.5f}));
-    EXPECT_EQ(ratesOf({0, 2, 3, 6}), (std::vector<float>{0.5f, 0.5f, 70.0f / 30.0f / 2.0f, 1.5f}));
-    trace.times.assign(7, 0);
-    EXPECT_EQ(ratesOf({0, 3, 6}), (std::vector<float>{1.0f, 1.0f, 1.0f}));
-}
-
-TEST(Speed, beelineRatesByHand) {
-    DrawnTrace trace;
-    for (int i = 0; i <= 20; ++i) trace.add(10 * i, 0, 10 * i);
-    const auto rateAt = [&](int index) {
-        SampledPoints points;
-        points.sampledInputXs = {trace.xs[index]};
-        points.sampledInputYs = {trace.ys[index]};
-        points.sampledTimes = {trace.times[index]};
-        points.sampledInputIndice = {index};
-        points.sampledLengthCache = {0};
-        return ProximityInfoStateUtils::calculateBeelineSpeedRate(100, 1.0f, 0, trace.raw(), points);
-    };
-    EXPECT_FLOAT_EQ(rateAt(10), 1.01f) << "from raw point 6 to 14";
-    EXPECT_FLOAT_EQ(rateAt(0), 1.0f) << "the rest at the start takes longer than the way";
-    EXPECT_FLOAT_EQ(rateAt(20), 1.0f);
-    for (int i = 11; i <= 20; ++i) trace.times[i] += 300;
-    EXPECT_FLOAT_EQ(rateAt(10), 0.01f + 80.0f / 380.0f);
-    for (int i = 11; i <= 20; ++i) trace.times[i] += 300;
-    EXPECT_FLOAT_EQ(rateAt(10), 0.0f) << "a rest as for a double letter";
-    for (int i = 1; i <= 20; ++i) trace.times[i] += 200;
-    EXPECT_FLOAT_EQ(rateAt(0), 0.01f + 40.0f / 90.0f);
-    const SampledPoints none;
-    EXPECT_FLOAT_EQ(ProximityInfoStateUtils::calculateBeelineSpeedRate(100, 1.0f, 0, trace.raw(), none),
-                    1.0f);
-}
-
 }  // namespace
 }  // namespace wordengine
