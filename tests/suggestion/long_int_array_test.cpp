@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
+#include <string>
 
 namespace vorpel {
 namespace {
@@ -36,28 +38,11 @@ TEST(LongIntArrayTest, TakesWhatIsPlainAndKeepsEveryPlace) {
 }
 
 TEST(LongIntArrayTest, LeavesToTheParserWhatIsNot) {
-    for (const char* const json : {"",
-                                   "{}",
-                                   "[1]",
-                                   "{\"a\":1}",
-                                   "{\"a\":[]}",
-                                   "{\"a\":[1,]}",
-                                   "{\"a\":[1 2]}",
-                                   "{\"a\":[1.5]}",
-                                   "{\"a\":[1e3]}",
-                                   "{\"a\":[007]}",
-                                   "{\"a\":[-]}",
-                                   "{\"a\":[2147483648]}",
-                                   "{\"a\":[1,\"x\"]}",
-                                   "{\"a\":[[1]]}",
-                                   "{\"a\":[1",
-                                   "{\"a\":[1],\"a\":[2]}",
-                                   "{\"\\u0061\":[1],\"a\":[2]}",
-                                   "{\"a\"",
-                                   "{\"a\":",
-                                   "{\"a",
-                                   "{\"c\":{\"a\":[1]}}",
-                                   "{/* \"a\":[2] */\"a\":[1]}"}) {
+    std::istringstream cases(
+        R"(;{};[1];{"a":1};{"a":[]};{"a":[1,]};{"a":[1 2]};{"a":[1.5]};{"a":[1e3]};{"a":[007]};{"a":[-]};)"
+        R"({"a":[2147483648]};{"a":[1,"x"]};{"a":[[1]]};{"a":[1;{"a":[1],"a":[2]};{"\u0061":[1],"a":[2]};)"
+        R"({"a";{"a":;{"a;{"c":{"a":[1]}};{/* "a":[2] */"a":[1]})");
+    for (std::string json; std::getline(cases, json, ';');) {
         SCOPED_TRACE(json);
         std::string text = json;
         LongIntArray array("a");

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 #include <stdexcept>
 #include <sys/stat.h>
@@ -152,30 +153,36 @@ TEST_F(SuggestionProviderTest, NumbersThatAreNoPlacesAreHarmless) {
 
 TEST_F(SuggestionProviderTest, SafetyNetGuardsFromFourLetters) {
     Typist typist(language);
-    const auto blocks = [&](const std::string& typed, const std::string& suggested) {
-        const std::vector<int> typedPoints = wordengine::utf8ToCodePoints(typed).value();
-        const std::vector<int> suggestedPoints = wordengine::utf8ToCodePoints(suggested).value();
-        return typist.provider.shouldBlockAutoCorrectionBySafetyNet(
-            typedPoints.data(), static_cast<int>(typedPoints.size()), suggestedPoints.data(),
-            static_cast<int>(suggestedPoints.size()));
-    };
-    EXPECT_FALSE(blocks("abc", "xyzuvw"));
-    EXPECT_FALSE(blocks("abcd", "axyz"));
-    EXPECT_TRUE(blocks("abcd", "wxyz"));
-    EXPECT_FALSE(blocks("abcde", "abxyz"));
-    EXPECT_TRUE(blocks("abcde", "awxyz"));
-    EXPECT_FALSE(blocks("abcdef", "abwxyz"));
-    EXPECT_TRUE(blocks("abcdef", "avwxyz"));
+    const struct {
+        const char* typed;
+        const char* suggested;
+        bool isBlocked;
+    } cases[] = {{"abc", "xyzuvw", false},  {"abcd", "axyz", false},  {"abcd", "wxyz", true},
+                 {"abcde", "abxyz", false}, {"abcde", "awxyz", true}, {"abcdef", "abwxyz", false},
+                 {"abcdef", "avwxyz", true}};
+    for (const auto& c : cases) {
+        const std::vector<int> typed = wordengine::utf8ToCodePoints(c.typed).value();
+        const std::vector<int> suggested = wordengine::utf8ToCodePoints(c.suggested).value();
+        EXPECT_EQ(typist.provider.shouldBlockAutoCorrectionBySafetyNet(
+                      typed.data(), static_cast<int>(typed.size()), suggested.data(),
+                      static_cast<int>(suggested.size())),
+                  c.isBlocked)
+            << c.typed << " " << c.suggested;
+    }
+}
+
+SuggestedWord suggestion(const std::string& text, int score, int type) {
+    const std::vector<int> points = wordengine::utf8ToCodePoints(text).value();
+    return SuggestedWord(points.data(), static_cast<int>(points.size()), score, type, wordengine::NO_INDEX,
+                         wordengine::SuggestionsOutputUtils::NO_FIRST_WORD_CONFIDENCE);
 }
 
 TEST_F(SuggestionProviderTest, ThresholdIsPassedByItsOwnValue) {
     Typist typist(language);
     const std::vector<int> typed = wordengine::utf8ToCodePoints("hell").value();
     const auto passes = [&](int score, int type) {
-        const std::vector<int> word = wordengine::utf8ToCodePoints("hello").value();
-        const SuggestedWord suggestion(word.data(), 5, score, type, wordengine::NO_INDEX,
-                                       wordengine::SuggestionsOutputUtils::NO_FIRST_WORD_CONFIDENCE);
-        return typist.provider.suggestionExceedsAutoCorrectionThreshold(suggestion, typed.data(), 4, 0.5f);
+        return typist.provider.suggestionExceedsAutoCorrectionThreshold(suggestion("hello", score, type),
+                                                                        typed.data(), 4, 0.5f);
     };
     // One of five letters differs, so a score of 625000 is worth 0.5.
     EXPECT_TRUE(passes(625000, SuggestedWord::KIND_CORRECTION));
@@ -186,13 +193,8 @@ TEST_F(SuggestionProviderTest, ThresholdIsPassedByItsOwnValue) {
 
 TEST_F(SuggestionProviderTest, TheLastWhitelistedWordAndTheTypedOneCanBeTakenOut) {
     Typist typist(language);
-    const auto make = [](const std::string& text, int type) {
-        const std::vector<int> points = wordengine::utf8ToCodePoints(text).value();
-        return SuggestedWord(points.data(), static_cast<int>(points.size()), 1, type, wordengine::NO_INDEX,
-                             wordengine::SuggestionsOutputUtils::NO_FIRST_WORD_CONFIDENCE);
-    };
-    std::vector<SuggestedWord> words{make("a", SuggestedWord::KIND_WHITELIST), make("b", 0), make("b", 1),
-                                     make("c", 1)};
+    std::vector<SuggestedWord> words{suggestion("a", 1, SuggestedWord::KIND_WHITELIST), suggestion("b", 1, 0),
+                                     suggestion("b", 1, 1), suggestion("c", 1, 1)};
     EXPECT_EQ(typist.provider.getWhitelistedWordOrNull(words), "");
     EXPECT_TRUE(typist.provider.getSuggestedWordsExcludingTypedWordsForRecorrection(words, "b"));
     EXPECT_EQ(toUtf8Strings(words), (std::vector<std::string>{"a", "b", "c"}));
@@ -201,30 +203,8 @@ TEST_F(SuggestionProviderTest, TheLastWhitelistedWordAndTheTypedOneCanBeTakenOut
     EXPECT_EQ(typist.provider.getWhitelistedWordOrNull(words), "a");
 }
 
-TEST_F(SuggestionProviderTest, PredictsWhatFollowsMostLikelyFirst) {
-    language.pair("the", "then", 3).pair("the", "there", 12).pair("the", "they", 3).writeDictionary();
-    Typist typist(language);
-    const std::vector<int> the = wordengine::utf8ToCodePoints("The").value();
-    wordengine::PrevWordsInfo context(the.data(), 3, false);
-    // "The" is not in the dictionary; "the" answers for it.
-    EXPECT_EQ(typist.provider.getPredictions(18, &context),
-              (std::vector<std::string>{"there", "they", "then"}));
-    EXPECT_EQ(typist.provider.getEmptySuggestions(2, &context), (std::vector<std::string>{"there", "they"}));
-    wordengine::PrevWordsInfo none;
-    EXPECT_TRUE(typist.provider.getPredictions(18, &none).empty());
-}
-
-TEST_F(SuggestionProviderTest, AnUnusableDictionaryIsNoticedAtTheFirstRequest) {
-    language.folder().write("en_US.dic", "no dictionary");
-    Typist typist(language);
-    EXPECT_THROW(typist.request("t"), std::runtime_error);
-    wordengine::PrevWordsInfo none;
-    EXPECT_EQ(SuggestionProvider::get_file_size(language.folder().path("nothing")), -1);
-    EXPECT_EQ(SuggestionProvider::get_file_size(language.folder().path("en_US.dic")), 13);
-}
-
 /// They would be waited for, for ever.
-TEST_F(SuggestionProviderTest, PipesAndFoldersAreNoFiles) {
+TEST_F(SuggestionProviderTest, PipesFoldersAndOtherFilesAreNoDictionaries) {
     const std::string pipe = language.folder().path("pipe.dic");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (const std::string& path : {pipe, language.folder().path(), std::string("/dev/zero")}) {
@@ -237,6 +217,11 @@ TEST_F(SuggestionProviderTest, PipesAndFoldersAreNoFiles) {
     }
     ASSERT_EQ(mkfifo(language.folder().path("en_US_P_pipe.json").c_str(), 0600), 0);
     EXPECT_THROW(Typist{language}, std::runtime_error);
+    std::filesystem::remove(language.folder().path("en_US_P_pipe.json"));
+    language.folder().write("en_US.dic", "no dictionary");
+    EXPECT_EQ(SuggestionProvider::get_file_size(language.dictionaryPath()), 13);
+    Typist typist(language);
+    EXPECT_THROW(typist.request("t"), std::runtime_error);
 }
 
 }  // namespace

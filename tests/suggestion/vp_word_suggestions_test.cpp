@@ -4,12 +4,10 @@
 #include "platform/memory_user_defaults.h"
 #include "platform/posix/folder_bundle.h"
 #include "support/small_language.h"
-#include "text/diagnostics.h"
 #include "text/utf.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <stdexcept>
 
 namespace vorpel {
@@ -38,11 +36,11 @@ protected:
     }
 
     /// A request after each letter; the first word of the last answer.
-    std::string type(VPWordSuggestions& service, const std::string& word, const std::string& previous = "") {
+    std::string type(VPWordSuggestions& service, const std::string& word) {
         const std::u32string letters = wordengine::utf8ToUtf32(word).value();
         Words answer;
         for (std::size_t count = 1; count <= letters.size(); ++count) {
-            answer = ask(service, wordengine::utf32ToUtf8(letters.substr(0, count)), previous);
+            answer = ask(service, wordengine::utf32ToUtf8(letters.substr(0, count)));
         }
         return answer.empty() ? "(nothing)" : answer.front();
     }
@@ -70,30 +68,13 @@ TEST_F(VPWordSuggestionsTest, AnswersInTheStoredLanguage) {
     EXPECT_EQ(type(*VPWordSuggestions::create(arabicBundle, unset), "شكر"), "شكرا");
 }
 
-TEST_F(VPWordSuggestionsTest, PredictsAndNeverCorrectsThen) {
-    const auto service = VPWordSuggestions::create(bundle, defaults);
-    bool flag = true;
-    EXPECT_EQ(service->getPredicWord("", "hello", NOWHERE, &flag), Words{"world"});
-    EXPECT_FALSE(flag);
-    EXPECT_TRUE(service->getPredicWord("", "unknown", NOWHERE, &flag).empty());
-}
-
-TEST_F(VPWordSuggestionsTest, WhatCannotBeAnsweredHasAnEmptyAnswer) {
-    const auto service = VPWordSuggestions::create(bundle, defaults);
-    EXPECT_TRUE(ask(*service, "").empty());
-    EXPECT_FALSE(canAutoCorrect);
-    EXPECT_TRUE(ask(*service, std::string(49, 'a')).empty());
-    EXPECT_NO_THROW(ask(*service, std::string(48, 'a')));
-    EXPECT_EQ(type(*service, "hrllo", std::string(49, 'a')), "hello");
-    EXPECT_NO_THROW(ask(*service, "\xff\xfe", "\xc3"));
-}
-
 TEST_F(VPWordSuggestionsTest, RequestsBeforeSetUpAndAfterDismissalAreEmpty) {
     VPWordSuggestions service(bundle, defaults);
     EXPECT_EQ(service.isReady(), std::nullopt);
     EXPECT_TRUE(ask(service, "h").empty());
     service.setUp();
     EXPECT_FALSE(ask(service, "h").empty());
+    EXPECT_NO_THROW(ask(service, "\xff\xfe", "\xc3"));
     service.dismissWordSuggestor();
     EXPECT_TRUE(ask(service, "h").empty());
 }
@@ -158,31 +139,6 @@ TEST_F(VPWordSuggestionsTest, LiveFramesStandInForTheStoredCentres) {
     }
     ASSERT_FALSE(answer.empty());
     EXPECT_EQ(answer.front(), "hello");
-}
-
-TEST_F(VPWordSuggestionsTest, LinesGoWhereTheProgramSendsThem) {
-    testing::TemporaryFolder folder;
-    const std::string path = folder.path("lines");
-    std::FILE* file = std::fopen(path.c_str(), "w");
-    wordengine::Diagnostics::setStream(file);
-    {
-        const auto service = VPWordSuggestions::create(bundle, defaults);
-        ask(*service, "h");
-        service->dismissWordSuggestor();
-        platform::FolderBundle geometryOnly({english.folder().path()});
-        english.folder().write("en_US.dic", "");
-        ask(*VPWordSuggestions::create(geometryOnly, defaults), "h");
-    }
-    wordengine::Diagnostics::setStream(stdout);
-    std::fclose(file);
-    std::ifstream lines(path);
-    const std::string text{std::istreambuf_iterator<char>(lines), {}};
-    EXPECT_EQ(text,
-              "set up called for word suggestions\n"
-              "isGestureBool: 0\n"
-              "delete called for word suggestions\n"
-              "set up called for word suggestions\n"
-              "Error Message = Buffer policy\n");
 }
 
 }  // namespace
