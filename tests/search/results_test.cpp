@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "dictionary/binary_dictionary_shortcut_iterator.h"
 #include "search/model_language.h"
 #include "search/results/autocorrection_threshold_utils.h"
 #include "search/results/suggestion_results.h"
-#include "search/results/suggestions_output_utils.h"
 #include "search/typing/typing_scoring.h"
-#include "search/typing/typing_traversal.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +15,6 @@
 
 namespace wordengine::testing {
 namespace {
-
-constexpr int SMALLEST = std::numeric_limits<int>::min();
 
 TEST(SuggestionResultsTest, KeepsTheBestByScoreAndBrevity) {
     std::mt19937 random(11);
@@ -47,35 +42,6 @@ TEST(SuggestionResultsTest, KeepsTheBestByScoreAndBrevity) {
             std::reverse(kept.begin(), kept.end());
             ASSERT_EQ(kept, model);
         }
-    }
-}
-
-TEST(ShortcutOutputTest, ScoresAreDecrementedTwice) {
-    const struct {
-        int finalScore;
-        bool sameAsTyped;
-        int whitelisted, plain, whitelistKind;
-    } cases[] = {
-        {1000, true, 2147483646, 998, SuggestedWord::KIND_WHITELIST},
-        {1000, false, 998, 998, SuggestedWord::KIND_SHORTCUT},
-        {SMALLEST, false, SMALLEST, SMALLEST, SuggestedWord::KIND_SHORTCUT},
-    };
-    const ModelKeyboard keyboard;
-    const ModelLanguage language({.words = {{U"w", {1, false, {}, {{U"listed", 15}, {U"plain", 14}}}}}},
-                                 keyboard);
-    const DictionaryStructureWithBufferPolicy* const policy =
-        language.dictionary().getDictionaryStructurePolicy();
-    const int w = 'w';
-    const int position =
-        policy->getShortcutPositionOfPtNode(policy->getTerminalPtNodePositionOfWord(&w, 1, false));
-    for (const auto& c : cases) {
-        BinaryDictionaryShortcutIterator iterator(policy->getShortcutsStructurePolicy(), position);
-        SuggestionResults results(18);
-        SuggestionsOutputUtils::outputShortcuts(&iterator, c.finalScore, c.sameAsTyped, &results);
-        const std::vector<FoundWord> words = wordsOf(results);
-        ASSERT_EQ(words.size(), 2u);
-        EXPECT_EQ(*find(words, U"listed"), (FoundWord{U"listed", c.whitelisted, c.whitelistKind}));
-        EXPECT_EQ(*find(words, U"plain"), (FoundWord{U"plain", c.plain, SuggestedWord::KIND_SHORTCUT}));
     }
 }
 
@@ -127,14 +93,8 @@ TEST(TypingScoringTest, DistancesBeyondAllWords) {
     };
     EXPECT_EQ(score(0.0f, false), 1000000) << "no promotion where the dictionary asks for none";
     for (const float distance : {1e6f, 1.2e7f, std::numeric_limits<float>::infinity()}) {
-        EXPECT_EQ(score(distance, true), SMALLEST);
+        EXPECT_EQ(score(distance, true), std::numeric_limits<int>::min());
     }
-}
-
-TEST(TypingTraversalTest, ASinglePointHasTheLargestQueue) {
-    const TypingTraversal* const traversal = TypingTraversal::getInstance();
-    EXPECT_GT(traversal->getMaxCacheSize(1), traversal->getMaxCacheSize(2));
-    EXPECT_EQ(traversal->getMaxCacheSize(2), 170);
 }
 
 }  // namespace

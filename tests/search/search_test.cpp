@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -27,9 +28,11 @@ protected:
     const ModelKeyboard keyboard_;
 };
 
-TEST_F(SearchTest, OffensiveAndForbiddenWords) {
-    ModelLanguage language =
-        open({.words = {{U"damn", {0}}, {U"Damn", {0}}, {U"adn", {120, true, {}, {{U"and", 15}}}}}});
+TEST_F(SearchTest, OffensiveAndForbiddenWordsAndShortcuts) {
+    ModelLanguage language = open({.words = {{U"damn", {0}},
+                                             {U"Damn", {0}},
+                                             {U"adn", {120, true, {}, {{U"and", 15}}}},
+                                             {U"id", {90, false, {}, {{U"ID", 14}}}}}});
     const int blocking[] = {0, 0, 1};
     const SuggestOptions blocks(blocking, 3);
     const auto typeOf = [&](const std::u32string& typed, const std::u32string& word,
@@ -47,6 +50,8 @@ TEST_F(SearchTest, OffensiveAndForbiddenWords) {
     EXPECT_EQ(typeOf(U"adn", U"adn"), 0);
     EXPECT_EQ(typeOf(U"adn", U"and"), SuggestedWord::KIND_WHITELIST);
     EXPECT_EQ(typeOf(U"adm", U"and"), SuggestedWord::KIND_SHORTCUT);
+    const std::vector<FoundWord> words = type(language, U"is");
+    EXPECT_EQ(find(words, U"ID")->score, find(words, U"id")->score - 2) << "behind its word";
 }
 
 TEST_F(SearchTest, RareAndShortCapitalisedWordsAreNotFollowed) {
@@ -78,23 +83,25 @@ TEST_F(SearchTest, PredictionsAndProbabilities) {
                                              {U"morning", 183, SuggestedWord::KIND_PREDICTION}};
     EXPECT_EQ(wordsOf(results), expected) << "the small form stands in for the capital";
 
-    const auto ask = [&](const std::u32string& word, auto question) {
-        const std::vector<int> codePoints = codePointsOf(word);
-        return question(codePoints.data(), static_cast<int>(codePoints.size()));
-    };
     const Dictionary& words = language.dictionary();
     const auto alone = [&](const int* w, int n) { return words.getProbability(w, n); };
     const auto afterGood = [&](const int* w, int n) { return words.getNgramProbability(&info, w, n); };
     const auto exact = [&](const int* w, int n) { return words.getMaxProbabilityOfExactMatches(w, n); };
-    EXPECT_EQ(ask(U"the", alone), 222);
-    EXPECT_EQ(ask(U"nothing", alone), NO_PROBABILITY);
-    EXPECT_EQ(ask(U"the", afterGood), 254);
-    EXPECT_EQ(ask(U"then", afterGood), NO_PROBABILITY);
-    EXPECT_EQ(ask(U"DONT", exact), 175);
-    EXPECT_EQ(ask(U"wellknown", exact), 100);
-    EXPECT_EQ(ask(U"cafe", exact), 95);
-    EXPECT_EQ(ask(U"mornin", exact), NO_PROBABILITY);
-    EXPECT_EQ(ask(U"", exact), NO_PROBABILITY);
+    const struct {
+        std::u32string word;
+        std::function<int(const int*, int)> question;
+        int probability;
+    } cases[] = {
+        {U"the", alone, 222},         {U"nothing", alone, NO_PROBABILITY},
+        {U"the", afterGood, 254},     {U"then", afterGood, NO_PROBABILITY},
+        {U"DONT", exact, 175},        {U"wellknown", exact, 100},
+        {U"cafe", exact, 95},         {U"mornin", exact, NO_PROBABILITY},
+        {U"", exact, NO_PROBABILITY},
+    };
+    for (const auto& c : cases) {
+        const std::vector<int> codePoints = codePointsOf(c.word);
+        EXPECT_EQ(c.question(codePoints.data(), static_cast<int>(codePoints.size())), c.probability);
+    }
 }
 
 TEST_F(SearchTest, SiblingsThatAreAllAlikeEndTheSearchForSpellings) {
@@ -150,26 +157,25 @@ TEST_F(SearchTest, MissingPiecesFindNothing) {
     const TypedWord typed = keyboard_.touch(U"the");
     const int* const xs = typed.xs.data();
     const auto search = [&](const Dictionary& dictionary, const ProximityInfo* proximityInfo,
-                            const int* places, const SuggestOptions* options = nullptr) {
+                            const int* places) {
         SuggestionResults results(18);
         dictionary.getSuggestions(proximityInfo, language.session(), places, places, nullptr, nullptr,
-                                  typed.codePoints.data(), 3, nullptr, options, -1.0f, &results);
+                                  typed.codePoints.data(), 3, nullptr, nullptr, -1.0f, &results);
         return results.getSuggestionCount();
     };
-    const int gesture[] = {1};
-    const SuggestOptions drawn(gesture, 1);
     const Dictionary& words = language.dictionary();
     EXPECT_EQ(search(words, nullptr, xs), 0);
-    EXPECT_EQ(search(words, keyboard_.proximityInfo(), xs, &drawn), 0);
     EXPECT_EQ(search(words, keyboard_.proximityInfo(), nullptr), 0);
     EXPECT_GT(search(words, keyboard_.proximityInfo(), xs), 0);
+    const int gesture[] = {1};
+    const SuggestOptions drawn(gesture, 1);
+    EXPECT_TRUE(language.search(typed, U"", nullptr, &drawn).empty());
 
     const Dictionary unopened(nullptr);
     EXPECT_THROW(search(unopened, keyboard_.proximityInfo(), xs), std::runtime_error);
     SuggestionResults results(18);
     unopened.getPredictions(nullptr, &results);
     EXPECT_EQ(results.getSuggestionCount(), 0);
-    EXPECT_EQ(unopened.getProbability(typed.codePoints.data(), 3), NO_PROBABILITY);
 }
 
 /// The plain search knows no full queues; this dictionary fills them.
