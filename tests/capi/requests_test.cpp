@@ -36,7 +36,6 @@ TEST_F(ServiceTest, LongWordsAreHandedOutWhole) {
     EXPECT_EQ(service.suggest(typed).first(), word) << "of 60 bytes; a letter was left out";
     // 48 letters are a word, though unknown; more have no answer.
     EXPECT_EQ(service.suggest(word + word.substr(0, 36)), KeptAnswer());
-    EXPECT_EQ(service.suggest(word + word), KeptAnswer());
     EXPECT_EQ(service.suggest(std::string(1 << 20, 'a')), KeptAnswer());
     EXPECT_EQ(service.suggest(""), KeptAnswer());
     EXPECT_EQ(service.suggest("شكر", std::string(1 << 20, 'a')), service.suggest("شكر"));
@@ -96,13 +95,11 @@ TEST_F(ServiceTest, NoRequestLeavesATrace) {
         if (step == 0 || word.size() > 8) {
             word.clear();
             points.clear();
-            previous = below(2) ? "hello" : "";
         } else if (step == 1) {
             word.pop_back();
             points.pop_back();
         } else if (step == 2) {
-            const auto letter = static_cast<size_t>(below(static_cast<int>(word.size())));
-            points[letter].x += 10;
+            points[static_cast<size_t>(below(static_cast<int>(word.size())))].x += 10;
         } else if (step == 3) {
             used.predict("hello");
         } else if (step == 4) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "compiler/dictionary_builder.h"
 
-#include "compiler/version2_writer.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +27,6 @@ protected:
     }
 
     const BuildReport& report() const { return result_.report; }
-    const DictionaryModel& model() const { return result_.model; }
 
     /// Not-a-word entries left out.
     Probabilities probabilities() const {
@@ -266,14 +264,6 @@ TEST_F(DictionaryBuilderTest, PairsWrittenByHandComeFirst) {
     EXPECT_EQ((Strengths{{"a", 2}}), pairsOf("c"));
 }
 
-TEST_F(DictionaryBuilderTest, ACorrectionMayHaveTheProbabilityOfItsWord) {
-    fileOfFourWords();
-    file("corrections", "bb\tb\ta\naa\ta b\tb\n");
-    build(fourWords() + "corrections corrections probability=target");
-    EXPECT_EQ(entry("b").probability, entry("bb").probability);
-    EXPECT_EQ(0, entry("aa").probability);
-}
-
 TEST_F(DictionaryBuilderTest, CorrectionsAndShortcutsBecomeEntriesThatAreNoWords) {
     fileOfFourWords();
     file("corrections", "aa\ta\naab\ta b\tb\nb\tc\naa\td\ta\nxx\tunknown\n");
@@ -290,20 +280,9 @@ TEST_F(DictionaryBuilderTest, CorrectionsAndShortcutsBecomeEntriesThatAreNoWords
     EXPECT_EQ(1, report().correctionsSkipped);
     EXPECT_TRUE(warns("corrections:3: \"b\" is a word"));
     EXPECT_TRUE(warns("corrections:5: the target \"unknown\" is not in the dictionary"));
-}
-
-TEST_F(DictionaryBuilderTest, ABuildIsSortedAndRepeatable) {
-    fileOfFourWords();
-    file("pairs", "a b c\nb a\n");
-    file("corrections", "zz\ta\naa\tb\n");
-    const std::string recipe =
-        fourWords() + "attribute locale en_US\nattribute date 1\npairs-seed pairs\ncorrections corrections\n";
-    build(recipe);
-    EXPECT_TRUE(std::ranges::is_sorted(model().words, {}, &WordEntry::word));
-    EXPECT_EQ("locale", model().attributes[0].first);
-    const std::vector<uint8_t> bytes = Version2Writer::write(model());
-    build(recipe);
-    EXPECT_EQ(bytes, Version2Writer::write(model()));
+    build(fourWords() + "corrections corrections probability=target");
+    EXPECT_EQ(entry("aa").probability, entry("a").probability);
+    EXPECT_EQ(entry("aab").probability, 0);
 }
 
 }  // namespace

@@ -17,16 +17,6 @@ namespace {
 using test::RandomModelMaker;
 using vorpel::testing::TemporaryFolder;
 
-/// Its bytes stand one by one in docs/formats/dictionary-v2.md.
-DictionaryModel smallModel() {
-    return {{{"locale", "en"}},
-            {{.word = "a", .probability = 200, .bigrams = {{"ant", 9}}},
-             {.word = "an", .probability = 190},
-             {.word = "ant", .probability = 120},
-             {.word = "dont", .probability = 1, .isNotAWord = true, .shortcuts = {{"don't", 15}}},
-             {.word = "و", .probability = 210}}};
-}
-
 std::string findingsAsText(const std::vector<uint8_t>& bytes) {
     std::string text;
     for (const VerifierFinding& finding : DictionaryVerifier::verify(bytes)) {
@@ -74,7 +64,7 @@ TEST(DictionaryVerifierTest, NamesEachKindOfDamage) {
         {BODY + 33, 0x00, "55: an array without nodes"},
         {BODY + 34, 0x00, "56: a node that leads to no word"},
     };
-    const std::vector<uint8_t> sound = Version2Writer::write(smallModel());
+    const std::vector<uint8_t> sound = Version2Writer::write(test::smallModel());
     ASSERT_EQ("", findingsAsText(sound));
     for (const Case& c : cases) {
         std::vector<uint8_t> damaged = sound;
@@ -100,7 +90,7 @@ void expectHarmless(const std::string& path, const std::string& what) {
 TEST(DictionaryVerifierTest, EveryChangedByteIsReportedOrDoesNoHarm) {
     const TemporaryFolder folder;
     DictionaryModel model = RandomModelMaker(11).make({.words = 8, .alphabet = U"abé", .longestWord = 5});
-    for (const WordEntry& entry : smallModel().words) {
+    for (const WordEntry& entry : test::smallModel().words) {
         if (entry.word != "a" && entry.word != "an") model.words.push_back(entry);
     }
     const std::vector<uint8_t> sound = Version2Writer::write(model);

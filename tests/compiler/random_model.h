@@ -18,6 +18,16 @@ inline std::string_view asText(const std::vector<uint8_t>& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
+/// Its bytes stand one by one in docs/formats/dictionary-v2.md.
+inline DictionaryModel smallModel() {
+    return {{{"locale", "en"}},
+            {{.word = "a", .probability = 200, .bigrams = {{"ant", 9}}},
+             {.word = "an", .probability = 190},
+             {.word = "ant", .probability = 120},
+             {.word = "dont", .probability = 1, .isNotAWord = true, .shortcuts = {{"don't", 15}}},
+             {.word = "و", .probability = 210}}};
+}
+
 /// What a random dictionary is like.
 struct RandomModelShape {
     int words = 100;

