@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "dictionary/binary_dictionary_shortcut_iterator.h"
 #include "search/model_language.h"
 #include "search/results/autocorrection_threshold_utils.h"
 #include "search/results/suggestion_results.h"
+#include "search/results/suggestions_output_utils.h"
 #include "search/typing/typing_scoring.h"
 
 #include <gtest/gtest.h>
@@ -43,6 +45,21 @@ TEST(SuggestionResultsTest, KeepsTheBestByScoreAndBrevity) {
             ASSERT_EQ(kept, model);
         }
     }
+}
+
+TEST(ShortcutOutputTest, TheLowestScoreGoesNoLower) {
+    const ModelKeyboard keyboard;
+    const ModelLanguage language({.words = {{U"w", {1, false, {}, {{U"plain", 14}}}}}}, keyboard);
+    const auto* const policy = language.dictionary().getDictionaryStructurePolicy();
+    const int w = 'w';
+    const int word = policy->getTerminalPtNodePositionOfWord(&w, 1, false);
+    BinaryDictionaryShortcutIterator iterator(policy->getShortcutsStructurePolicy(),
+                                              policy->getShortcutPositionOfPtNode(word));
+    constexpr int LOWEST = std::numeric_limits<int>::min();
+    SuggestionResults results(18);
+    SuggestionsOutputUtils::outputShortcuts(&iterator, LOWEST, false, &results);
+    const std::vector<FoundWord> expected = {{U"plain", LOWEST, SuggestedWord::KIND_SHORTCUT}};
+    EXPECT_EQ(wordsOf(results), expected);
 }
 
 TEST(FirstWordConfidenceTest, AddsDistanceAndLength) {
