@@ -4,6 +4,7 @@
 #include "storage/file_utils.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <fcntl.h>
 #include <limits>
 #include <sys/mman.h>
@@ -13,6 +14,8 @@
 namespace wordengine {
 
 namespace {
+
+constexpr int MAX_PATH_BUFFER_SIZE = 1025;
 
 /// Whether all of the range lies in the file as it is now.
 bool holdsRange(int fileDescriptor, int offset, int size) {
@@ -53,6 +56,14 @@ MmappedBuffer::MmappedBufferPtr MmappedBuffer::openBuffer(const char* path, bool
     if (fileSize == -1) return nullptr;
     if (fileSize == 0) return MmappedBufferPtr(new MmappedBuffer(isUpdatable));
     return openBuffer(path, 0, fileSize, isUpdatable);
+}
+
+MmappedBuffer::MmappedBufferPtr MmappedBuffer::openBuffer(const char* basePath, const char* suffix,
+                                                          bool isUpdatable) {
+    char path[MAX_PATH_BUFFER_SIZE];
+    const int length = std::snprintf(path, sizeof(path), "%s%s", basePath, suffix);
+    if (length < 0 || length >= MAX_PATH_BUFFER_SIZE) return nullptr;
+    return openBuffer(path, isUpdatable);
 }
 
 MmappedBuffer::MmappedBuffer(bool isUpdatable)

@@ -25,6 +25,10 @@ public:
     /// Maps a whole file; an empty file gives an empty buffer with a null view. Null on failure.
     static MmappedBufferPtr openBuffer(const char* path, bool isUpdatable);
 
+    /// Maps the whole file whose path is `basePath` followed by `suffix`; null also for a path of 1025
+    /// bytes or more.
+    static MmappedBufferPtr openBuffer(const char* basePath, const char* suffix, bool isUpdatable);
+
     ~MmappedBuffer();
     MmappedBuffer(const MmappedBuffer&) = delete;
     MmappedBuffer& operator=(const MmappedBuffer&) = delete;

@@ -114,4 +114,12 @@ std::vector<std::string> FileUtils::getFiles(const std::string& directory, bool 
     return names;
 }
 
+std::vector<std::string> FileUtils::getDirs(const std::string& directory) {
+    std::vector<std::string> names;
+    for (const Entry& entry : listEntries(directory)) {
+        if (entry.isDirectory && entry.name.find('.') == std::string::npos) names.push_back(entry.name);
+    }
+    return names;
+}
+
 }  // namespace vorpel

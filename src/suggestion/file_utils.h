@@ -42,6 +42,9 @@ public:
     /// those that contain `text`. Empty if there is no such directory.
     static std::vector<std::string> getFiles(const std::string& directory, bool filter,
                                              const std::string& text);
+
+    /// Names of the sub-directories without a dot in their name.
+    static std::vector<std::string> getDirs(const std::string& directory);
 };
 
 }  // namespace vorpel

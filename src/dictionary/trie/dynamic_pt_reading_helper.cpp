@@ -101,6 +101,34 @@ void DynamicPtReadingHelper::endWithError() {
     readingState_.pos = NO_DICT_POS;
 }
 
+int DynamicPtReadingHelper::getCodePointsAndProbabilityAndReturnCodePointCount(int maxCodePointCount,
+                                                                               int* outCodePoints,
+                                                                               int* outUnigramProbability) {
+    *outUnigramProbability = NO_PROBABILITY;
+    PtNodeParams ptNodeParams = getPtNodeParams();
+    if (!ptNodeParams.isValid() || !ptNodeParams.isTerminal() || ptNodeParams.isDeleted()) return 0;
+    const int unigramProbability = ptNodeParams.getProbability();
+    // Climbing spells the word backwards; it is turned round at the end.
+    int length = 0;
+    for (;;) {
+        const int count = ptNodeParams.getCodePointCount();
+        if (!ptNodeParams.isValid() || length + count > maxCodePointCount) {
+            endWithError();
+            return 0;
+        }
+        std::reverse_copy(ptNodeParams.getCodePoints(), ptNodeParams.getCodePoints() + count,
+                          outCodePoints + length);
+        length += count;
+        if (ptNodeParams.getParentPos() == NO_DICT_POS) break;
+        readingState_.pos = ptNodeParams.getParentPos();
+        ptNodeParams = getPtNodeParams();
+    }
+    readingState_.pos = NO_DICT_POS;
+    std::reverse(outCodePoints, outCodePoints + length);
+    *outUnigramProbability = unigramProbability;
+    return length;
+}
+
 int DynamicPtReadingHelper::getTerminalPtNodePositionOfWord(const int* word, int length,
                                                             bool forceLowerCaseSearch) {
     if (length < 1 || length > WORD_LENGTH_LIMIT) return NO_DICT_POS;

@@ -71,6 +71,13 @@ public:
     /// Children before their parent. False if an event said so or the trie can not be read to its end.
     bool traverseAllPtNodesInPostorderDepthFirstManner(TraversingEventListener* listener);
 
+    /// All nodes of an array before those below any of them. False as above.
+    bool traverseAllPtNodesInPtNodeArrayLevelPreorderDepthFirstManner(TraversingEventListener* listener);
+
+    /// The word that ends at the node under the cursor, found by its parent links; 0 if none does.
+    int getCodePointsAndProbabilityAndReturnCodePointCount(int maxCodePointCount, int* outCodePoints,
+                                                           int* outUnigramProbability);
+
     /// The node at which the word ends, from the array under the cursor; or NO_DICT_POS.
     int getTerminalPtNodePositionOfWord(const int* word, int length, bool forceLowerCaseSearch);
 
@@ -89,6 +96,7 @@ private:
     void followForwardLink();
     bool goToLinkedPtNodeArray();
     void endWithError();
+    bool descendWithReturnToNextSibling(const PtNodeParams& ptNodeParams);
     bool pushReadingState();
     void popReadingState();
     bool countNodeOfWalk(const PtNodeParams& ptNodeParams);

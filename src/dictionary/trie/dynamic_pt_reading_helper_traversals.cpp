@@ -32,6 +32,48 @@ bool DynamicPtReadingHelper::traverseAllPtNodesInPostorderDepthFirstManner(
     }
 }
 
+bool DynamicPtReadingHelper::traverseAllPtNodesInPtNodeArrayLevelPreorderDepthFirstManner(
+    TraversingEventListener* listener) {
+    bytesOfWalk_ = 0;
+    // An array is gone through twice: its nodes are visited, then, from the saved start, descended into.
+    bool hasArrayBeenVisited = false;
+    if (!listener->onDescend(getPosOfLastPtNodeArrayHead()) || !pushReadingState()) return false;
+    for (;;) {
+        if (isEnd()) {
+            if (isError()) return false;
+            if (!hasArrayBeenVisited) {
+                if (!listener->onReadingPtNodeArrayTail()) return false;
+                hasArrayBeenVisited = true;
+            } else {
+                if (readingStateStack_.empty()) return true;
+                if (!listener->onAscend()) return false;
+            }
+            popReadingState();
+            continue;
+        }
+        const PtNodeParams ptNodeParams = getPtNodeParams();
+        if (!hasArrayBeenVisited) {
+            if (!countNodeOfWalk(ptNodeParams) || !listener->onVisitingPtNode(&ptNodeParams)) return false;
+            goToNextSibling(ptNodeParams);
+        } else if (!ptNodeParams.hasChildren()) {
+            goToNextSibling(ptNodeParams);
+        } else {
+            if (!listener->onDescend(ptNodeParams.getChildrenPos())) return false;
+            if (!descendWithReturnToNextSibling(ptNodeParams)) return false;
+            hasArrayBeenVisited = false;
+        }
+    }
+}
+
+bool DynamicPtReadingHelper::descendWithReturnToNextSibling(const PtNodeParams& ptNodeParams) {
+    const PtNodeReadingState stateAtNode = readingState_;
+    goToNextSibling(ptNodeParams);
+    if (isError() || !pushReadingState()) return false;
+    readingState_ = stateAtNode;
+    goToChildren(ptNodeParams);
+    return !isError() && pushReadingState();
+}
+
 bool DynamicPtReadingHelper::pushReadingState() {
     if (readingStateStack_.size() > MAX_READING_STATE_STACK_SIZE) {
         endWithError();
