@@ -85,8 +85,10 @@ public:
         if (choice < 60) {
             press(std::string(1, static_cast<char>('a' + pick(4))));
         } else if (choice < 75) {
+            stage_.down(0, "space");
             finishWord();
-            press(" ");
+            stage_.up(0);
+            expected_ += " ";
         } else if (choice < 80) {
             press(".");
         } else if (choice < 90) {
@@ -150,7 +152,7 @@ private:
     [[nodiscard]] VPSuggestionsBanner& banner() { return *session().suggestionsBanner(); }
 
     void press(const std::string& key) {
-        stage_.tapAgain(key == "." ? toSigns(key) : key == " " ? "space" : key);
+        stage_.tapAgain(key == "." ? toSigns(key) : key);
         if (key == ".") stage_.tapAgain("ABC");
         expected_ += key;
     }

@@ -59,8 +59,12 @@ public:
     /// Types with time for an answer behind each key.
     void write(const std::string& keys) {
         for (const std::string& key : platform::characters(keys)) {
-            type(key);
+            const bool isSign = key == ".";
+            if (isSign) touch("123");
+            if (key == "\n") touch("return");
+            if (key != "\n") type(key);
             platform.settle();
+            if (isSign) touch("ABC");
         }
     }
 

@@ -81,8 +81,9 @@ public:
 
     void wait(double seconds) {
         now_ += seconds;
-        // 0.5 s after the press, and then every 0.07 s.
-        while (pressedBackspace_ && *pressedBackspace_ + 0.43 + 0.07 * repeats_ <= now_ + 1e-9) {
+        // 0.5 s after the press, or 0.57 s with a word service, and then every 0.07 s.
+        const double delay = isEmbedded_ ? 0.5 : 0.43;
+        while (pressedBackspace_ && *pressedBackspace_ + delay + 0.07 * repeats_ <= now_ + 1e-9) {
             ++repeats_;
             erase();
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/session/sentence_words.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -10,10 +11,13 @@ namespace vorpel {
 namespace {
 
 constexpr std::array<std::string_view, 40> newWordTriggers = {
-    " ", ".", ",", "?", "/", "!", ";", ":", "-", "\"", "(", ")", "#", "@", "$", "+", "_", "<", ">", "&",
-    "[", "]", "{", "}", "|", "\\", "*", "^", "×", "$", "€", "¥", "=", "₹", "÷", "•", "'", "%", "~", "£"};
+    " ", ".", ",", "?", "/", "!",  ";", ":", "-", "\"", "(", ")", "#", "@", "$", "+", "_", "<", ">", "&",
+    "[", "]", "{", "}", "|", "\\", "*", "^", "×", "$",  "€", "¥", "=", "₹", "÷", "•", "'", "%", "~", "£"};
 
 constexpr std::array<std::string_view, 7> NATURAL_TRIGGERS = {"\n", "\r", "\t", "،", "؛", "؟", "٪"};
+
+// The first word of a sentence follows from no other.
+constexpr std::array<std::string_view, 6> SENTENCE_ENDS = {".", "!", "?", "؟", "\n", "\r"};
 
 constexpr std::string_view APOSTROPHE = "'";
 
@@ -64,12 +68,15 @@ std::string getTheCurrentWordFromSentence(std::string_view sentence, WordSplitti
 SentenceWords getTheCurrentAndPrevWordFromSentence(std::string_view sentence, WordSplitting splitting) {
     auto separator = lastSeparator(sentence, splitting);
     if (!separator) return {std::string(sentence), ""};
+    const bool isNatural = splitting == WordSplitting::Natural;
     SentenceWords words{std::string(sentence.substr(separator->end)), ""};
     do {
+        const std::string_view sign = sentence.substr(separator->begin, separator->end - separator->begin);
+        if (isNatural && std::ranges::find(SENTENCE_ENDS, sign) != SENTENCE_ENDS.end()) break;
         sentence = sentence.substr(0, separator->begin);
         separator = lastSeparator(sentence, splitting);
         words.previous = sentence.substr(separator ? separator->end : 0);
-    } while (splitting == WordSplitting::Natural && separator && words.previous.empty());
+    } while (isNatural && separator && words.previous.empty());
     return words;
 }
 

@@ -24,7 +24,7 @@ struct SentenceWords {
 [[nodiscard]] std::string getTheCurrentWordFromSentence(std::string_view sentence, WordSplitting splitting);
 
 /// The listed splitting finds no previous word behind two separators in a row; the natural one passes over
-/// all of them. Any thread.
+/// all of them, but not over the end of a sentence. Any thread.
 [[nodiscard]] SentenceWords getTheCurrentAndPrevWordFromSentence(std::string_view sentence,
                                                                  WordSplitting splitting);
 

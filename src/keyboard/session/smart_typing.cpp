@@ -14,7 +14,7 @@ namespace vorpel {
 namespace {
 
 // Signs that stand right behind a word.
-constexpr std::array<std::string_view, 13> CLOSING_SIGNS = {".", ",", "?", "!",  ";",  ":",  ")",
+constexpr std::array<std::string_view, 13> CLOSING_SIGNS = {".", ",", "?", "!", ";", ":", ")",
                                                             "]", "}", "…", "،", "؛", "؟"};
 
 // So many words are left alone at a time.
@@ -27,7 +27,8 @@ constexpr double FARTHEST_TOUCH = 0.3;
 
 void VorpelKeyboardViewController::insertText(const std::string& text) {
     VPKeyboardViewController::insertText(text);
-    record_.insert(text, std::exchange(pressedOffset_, std::nullopt), platform().runLoop.now());
+    record_.insert(text, std::exchange(pressedOffset_, std::nullopt),
+                   textDocumentProxy().documentContextBeforeInput(), platform().runLoop.now());
 }
 
 void VorpelKeyboardViewController::deleteBackward() {
@@ -43,11 +44,32 @@ void VorpelKeyboardViewController::readField() {
     const platform::TextDocumentProxy& field = textDocumentProxy();
     const auto told = record_.tell(field.documentContextBeforeInput(), field.documentContextAfterInput(),
                                    platform().runLoop.now());
-    if (told == TextRecord::Told::Known) return;
+    if (told == TextRecord::Told::Different) beginElsewhere();
+}
+
+/// The cursor was moved by the keyboard itself.
+void VorpelKeyboardViewController::rereadField() {
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    beginElsewhere();
+}
+
+/// What was on its way belongs to the place where the cursor was.
+void VorpelKeyboardViewController::beginElsewhere() {
     forgetCorrection();
     autoCorrectCurrentSession = false;
     keptWords_.clear();
     checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+void VorpelKeyboardViewController::shiftTheCursorLeft() {
+    VPKeyboardViewController::shiftTheCursorLeft();
+    rereadField();
+}
+
+void VorpelKeyboardViewController::shiftTheCursorRight() {
+    VPKeyboardViewController::shiftTheCursorRight();
+    rereadField();
 }
 
 void VorpelKeyboardViewController::textDidChange() {
@@ -113,6 +135,13 @@ void VorpelKeyboardViewController::finishCorrection(const Key& key) {
     if (key.isSpace()) blank_ = Blank::Correction;
 }
 
+void VorpelKeyboardViewController::handleAutoPeriod(const Key& key) {
+    const auto text = textBeforeInput();
+    VPKeyboardViewController::handleAutoPeriod(key);
+    // What was asked about is not what stands there now.
+    if (textBeforeInput() != text) checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
 bool VorpelKeyboardViewController::mayCorrect(const std::string& word) const {
     const std::string text = sentence().value_or("");
     return std::ranges::none_of(keptWords_, [&](const KeptWord& kept) {
@@ -131,7 +160,8 @@ void VorpelKeyboardViewController::autoCorrectWord() {
     isCorrecting_ = false;
 }
 
-void VorpelKeyboardViewController::deleteAndEnterWord(const std::string& word, const std::string& correctword) {
+void VorpelKeyboardViewController::deleteAndEnterWord(const std::string& word,
+                                                      const std::string& correctword) {
     // The answer may be for fewer letters than there are by now.
     if (word != correctedWord_ || !isSureOf(word) || !mayCorrect(word)) return;
     VPKeyboardViewController::deleteAndEnterWord(word, correctword);
@@ -176,7 +206,8 @@ bool VorpelKeyboardViewController::undoCorrection() {
     blank_ = Blank::Typed;
     if (!sentence().value_or("").ends_with(correction->entered)) return false;
     if (!KTextInputMode && !record_.isSure(correction->entered.size())) return false;
-    for (std::size_t left = platform::characterCount(correction->entered); left > 0; --left) deleteCharacter();
+    for (std::size_t left = platform::characterCount(correction->entered); left > 0; --left)
+        deleteCharacter();
     if (keptWords_.size() == MOST_KEPT_WORDS) keptWords_.erase(keptWords_.begin());
     keptWords_.push_back({correction->typed, sentence().value_or("")});
     enterText(correction->typed);

@@ -64,8 +64,8 @@ void VPKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
         if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->shuffleSettingsOptions(false);
         return;
     }
-    platform().globalQueue.async([this, &runLoop = platform().runLoop, life = std::weak_ptr<Life>(life_), check,
-                                  text = sentence(), splitting = wordSplitting(), touchPoint] {
+    platform().globalQueue.async([this, &runLoop = platform().runLoop, life = std::weak_ptr<Life>(life_),
+                                  check, text = sentence(), splitting = wordSplitting(), touchPoint] {
         SentenceWords words;
         if (text) words = getTheCurrentAndPrevWordFromSentence(*text, splitting);
         runLoop.async([this, life, check, text, words, touchPoint] {
@@ -176,7 +176,8 @@ void VPKeyboardViewController::suggestWordsFor(const std::string& word, const st
     const unsigned request = ++requests_;
     WordRequest asked{word, prevWord, touchPoint, keyOffsetsFor(word)};
     addRequest([this, slot = indicSpellChecker_, asked = std::move(asked), wordCase = wordCaseOf(word),
-                plan = labelPlan(), mayReplace = mayCorrect(word) && typingPolicy().corrects, &defaults, request] {
+                plan = labelPlan(), mayReplace = mayCorrect(word) && typingPolicy().corrects, &defaults,
+                request] {
         wordengine::Diagnostics::print("word: %s; prevWord: %s\n", asked.word.c_str(),
                                        asked.previousWord.c_str());
         AnsweredWord answer{asked.word, wordCase, {}, false, false};

@@ -27,9 +27,8 @@ void judge(AnsweredWord& answer) {
     const auto end = answer.words.begin() + judged;
     const auto isTyped = [&typed](const std::string& word) { return platform::lowercased(word) == typed; };
     const auto isSeveral = [](const std::string& word) { return word.find(' ') != std::string::npos; };
-    if (std::any_of(answer.words.begin(), end, [&](const std::string& word) {
-            return isTyped(word) || isSeveral(word);
-        })) {
+    if (std::any_of(answer.words.begin(), end,
+                    [&](const std::string& word) { return isTyped(word) || isSeveral(word); })) {
         answer.canAutoCorrect = false;
     }
     answer.words.erase(std::remove_if(answer.words.begin(), end, isTyped), end);

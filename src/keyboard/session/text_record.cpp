@@ -28,7 +28,8 @@ bool TextRecord::mayBeLate(std::string_view answer, double now, std::size_t* mis
     const std::string_view text = known;
     const auto isOld = [now](const Stroke& stroke) { return stroke.time < now - LONGEST_DELAY; };
     const auto lastOld = std::find_if(strokes_.rbegin(), strokes_.rend(), isOld);
-    const std::size_t most = typed_.size() - (lastOld == strokes_.rend() ? 0 : lastOld->end);
+    const std::size_t fresh = typed_.size() - (lastOld == strokes_.rend() ? 0 : lastOld->end);
+    const std::size_t most = isPrompt_ ? 0 : fresh;
     for (std::size_t size = 0; size <= most; ++size) {
         *missing = size;
         const std::string_view earlier = text.substr(0, text.size() - size);
@@ -42,8 +43,8 @@ TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
                                   const std::optional<std::string>& after, double now) {
     std::size_t missing = 0;
     const std::string answer = before.value_or("");
-    const bool isKnown = !typed_.empty() && after.value_or("") == after_.value_or("") &&
-                         mayBeLate(answer, now, &missing);
+    const bool isKnown =
+        !typed_.empty() && after.value_or("") == after_.value_or("") && mayBeLate(answer, now, &missing);
     if (!isKnown) {
         const bool same = typed_.empty() && before.value_or("") == told_.value_or("") &&
                           after.value_or("") == after_.value_or("");
@@ -70,9 +71,18 @@ void TextRecord::take(const std::optional<std::string>& before, const std::optio
     isAnswerSure_ = true;
 }
 
-void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset, double now) {
+void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset,
+                        const std::optional<std::string>& answer, double now) {
     typed_ += text;
     strokes_.push_back({typed_.size(), offset, now});
+    isPrompt_ = shows(answer);
+}
+
+/// Whether the answer is, or ends in, what is known.
+bool TextRecord::shows(const std::optional<std::string>& answer) const {
+    const std::string known = before().value_or("");
+    const std::string text = answer.value_or("");
+    return known.empty() || text.empty() ? known == text : agree(known, text);
 }
 
 void TextRecord::deleteBackward(const std::optional<std::string>& answer) {
@@ -84,6 +94,7 @@ void TextRecord::deleteBackward(const std::optional<std::string>& answer) {
         if (left.size() < told.size()) told_ = left;
         sureFrom_ = std::min(sureFrom_, typed_.size());
         std::erase_if(strokes_, [this](const Stroke& stroke) { return stroke.end > typed_.size(); });
+        isPrompt_ = shows(answer);
         return;
     }
     const std::string old = told_.value_or("");

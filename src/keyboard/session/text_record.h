@@ -21,17 +21,19 @@ public:
         Different  ///< the text is another one, or the cursor stands elsewhere
     };
 
-    /// The field has spoken up. An answer is late for no more than two seconds; `now` is in seconds on any
-    /// clock that goes forward.
+    /// The field has spoken up. Where it did not show the last stroke at once, an answer may be late, for no
+    /// more than two seconds; `now` is in seconds on any clock that goes forward.
     Told tell(const std::optional<std::string>& before, const std::optional<std::string>& after, double now);
 
     /// The field's answer counts, whatever was typed.
     void take(const std::optional<std::string>& before, const std::optional<std::string>& after);
 
-    /// `offset` is that of the touch, for a text of one letter that was touched.
-    void insert(const std::string& text, const std::optional<KeyOffset>& offset, double now);
+    /// `offset` is that of the touch, for a text of one letter that was touched; `answer` is what the field
+    /// says now.
+    void insert(const std::string& text, const std::optional<KeyOffset>& offset,
+                const std::optional<std::string>& answer, double now);
 
-    /// `answer` is what the field says now that the character before the cursor, or the selection, is gone.
+    /// The character before the cursor, or the selection, is gone.
     void deleteBackward(const std::optional<std::string>& answer);
 
     /// Nothing when nothing is known.
@@ -50,14 +52,16 @@ private:
         double time = 0;
     };
 
+    [[nodiscard]] bool shows(const std::optional<std::string>& answer) const;
     [[nodiscard]] bool mayBeLate(std::string_view answer, double now, std::size_t* missing) const;
 
     std::optional<std::string> told_;
     std::optional<std::string> after_;
     std::string typed_;
     std::vector<Stroke> strokes_;
-    std::size_t sureFrom_ = 0;   // in typed_: what is before may have been changed by somebody else
+    std::size_t sureFrom_ = 0;  // in typed_: what is before may have been changed by somebody else
     bool isAnswerSure_ = true;  // the same of told_
+    bool isPrompt_ = false;     // the field showed the last stroke at once
 };
 
 }  // namespace vorpel

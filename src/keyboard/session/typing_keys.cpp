@@ -50,8 +50,7 @@ void VPKeyboardViewController::keyPressed(const Key& key, double /*firstDate*/, 
         checkTheCurrentWord(position);
         return;
     }
-    const bool isSign =
-        key.type == Key::KeyType::Character || key.type == Key::KeyType::SpecialCharacter;
+    const bool isSign = key.type == Key::KeyType::Character || key.type == Key::KeyType::SpecialCharacter;
     if (!isSign) {
         pressOther(output, position);
         return;

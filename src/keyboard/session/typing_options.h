@@ -17,7 +17,8 @@ struct TypingOptions {
     bool undoOnBackspace = false;
 
     /// Words end at line ends, tabs and Arabic marks too, and an apostrophe between letters is part of the
-    /// word; the previous word is found behind several separators. A single capital is no shout.
+    /// word; the previous word of a sentence is found behind several separators. A single capital is no
+    /// shout.
     bool naturalWords = false;
 
     /// No word is shown twice, and none outlasts what it was for.

@@ -9,7 +9,8 @@ TypingPolicy typingPolicyFor(const platform::TextDocumentProxy& field, bool ownF
     if (isPrivate) return {.suggests = false, .corrects = false, .showsPopups = false, .stores = false};
     // Addresses are made of words that no dictionary has.
     const auto type = field.keyboardType();
-    const bool isAddress = type == platform::KeyboardType::Url || type == platform::KeyboardType::EmailAddress;
+    const bool isAddress =
+        type == platform::KeyboardType::Url || type == platform::KeyboardType::EmailAddress;
     return {.corrects = !isAddress};
 }
 

@@ -17,6 +17,7 @@ struct TypingPolicy {
 
 /// Nothing at all where the field says that it is secret or sensitive, or where the keyboard's own field
 /// takes a password; no correction in addresses.
-[[nodiscard]] TypingPolicy typingPolicyFor(const platform::TextDocumentProxy& field, bool ownFieldIsProtected);
+[[nodiscard]] TypingPolicy typingPolicyFor(const platform::TextDocumentProxy& field,
+                                           bool ownFieldIsProtected);
 
 }  // namespace vorpel

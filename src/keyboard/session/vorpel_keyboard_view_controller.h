@@ -38,8 +38,11 @@ public:
 
     void textDidChange() override;
     void selectionDidChange() override;
+    void shiftTheCursorLeft() override;
+    void shiftTheCursorRight() override;
 
     void keyPressed(const Key& key, double firstDate, ui::Point position) override;
+    void handleAutoPeriod(const Key& key) override;
     void backspaceDown(ui::Control& sender) override;
     void wordTapped(const std::string& word, int tag) override;
     void switchSettingsStateWithValues(bool on, const std::string& currWord, const std::string& prevWord,
@@ -80,6 +83,8 @@ private:
     };
 
     void readField();
+    void rereadField();
+    void beginElsewhere();
     void forgetCorrection();
     [[nodiscard]] bool isSureOf(const std::string& word) const;
     [[nodiscard]] bool replacesBlank(const Key& key, Blank blank);
@@ -89,10 +94,10 @@ private:
 
     TypingOptions options_;
     TextRecord record_;
-    std::optional<KeyOffset> pressedOffset_;   // of the letter that is being entered
-    std::string correctedWord_;                // what the pending correction is for
+    std::optional<KeyOffset> pressedOffset_;    // of the letter that is being entered
+    std::string correctedWord_;                 // what the pending correction is for
     std::optional<Correction> lastCorrection_;  // nothing has happened since
-    std::vector<KeptWord> keptWords_;          // whose corrections were taken back
+    std::vector<KeptWord> keptWords_;           // whose corrections were taken back
     Blank blank_ = Blank::Typed;
     bool isCorrecting_ = false;
     double laidOutWidth_ = 0;

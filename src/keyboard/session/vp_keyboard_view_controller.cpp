@@ -49,7 +49,8 @@ void VPKeyboardViewController::viewDidLoad() {
     defaults.setBool(preferences::FAKE_TEXT_FIELD_ENABLED, false);
     // The word service goes by what is stored, and reads an absence otherwise than the keys do.
     if (!defaults.stringForKey(preferences::LANGUAGE)) {
-        defaults.setString(preferences::LANGUAGE, isArabicModeOn() ? preferences::ARABIC : preferences::ENGLISH);
+        defaults.setString(preferences::LANGUAGE,
+                           isArabicModeOn() ? preferences::ARABIC : preferences::ENGLISH);
     }
     serialQueue_ = platform().makeOperationQueue();
     serialQueue_->setMaxConcurrentOperationCount(1);

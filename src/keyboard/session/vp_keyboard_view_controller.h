@@ -150,10 +150,10 @@ private:
     std::shared_ptr<WordServiceSlot> indicSpellChecker_;  // its service, on the serial queue alone
     std::shared_ptr<Life> life_ = std::make_shared<Life>();
     platform::NotificationCenter::Observation emojiObservation_;
-    unsigned checks_ = 0;      // sentences handed out to be split
-    unsigned lastCheck_ = 0;   // the latest that came back
-    unsigned requests_ = 0;    // made of the word service
-    unsigned cleared_ = 0;     // the last request whose answer is not wanted any more
+    unsigned checks_ = 0;     // sentences handed out to be split
+    unsigned lastCheck_ = 0;  // the latest that came back
+    unsigned requests_ = 0;   // made of the word service
+    unsigned cleared_ = 0;    // the last request whose answer is not wanted any more
     std::unique_ptr<platform::OperationQueue> serialQueue_;
 };
 

@@ -22,10 +22,11 @@ public:
         WordAnswer answer;
         const auto& [word, previousWord, touchPoint, offsets] = request;
         // Live points are not the geometry's, which is drawn for one width.
-        answer.words = words_->useTouchPoint
-                           ? words_->getSuggestionsForWord(word, previousWord, offsets, &answer.canAutoCorrect)
-                           : words_->getSuggestionsForWord(word, previousWord, {touchPoint.x, touchPoint.y},
-                                                           &answer.canAutoCorrect);
+        answer.words =
+            words_->useTouchPoint
+                ? words_->getSuggestionsForWord(word, previousWord, offsets, &answer.canAutoCorrect)
+                : words_->getSuggestionsForWord(word, previousWord, {touchPoint.x, touchPoint.y},
+                                                &answer.canAutoCorrect);
         return answer;
     }
 
