@@ -216,6 +216,18 @@ void addType(CLI::App& app, Action& action) {
     command->add_option("TEXT", arguments->text, "what is typed")->required();
 }
 
+void addWords(CLI::App& app, Action& action) {
+    CLI::App* words = app.add_subcommand("words", "The words that the keyboard has learnt from taps");
+    words->footer("Example: vorpel words list");
+    words->require_subcommand(1);
+    auto arguments = std::make_shared<WordsArguments>();
+    addCommand(*words, action, "list", "One a line, the oldest first", "Example: vorpel words list", arguments,
+               listWords);
+    CLI::App* remove = addCommand(*words, action, "remove", "Forget words, all of them or none",
+                                  "Example: vorpel words remove teh", arguments, removeWords);
+    remove->add_option("WORD", arguments->words, "as `list` shows it")->required();
+}
+
 void addEval(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<EvalArguments>();
     CLI::App* command =
@@ -252,6 +264,7 @@ int runCommandLine(int argc, char** argv) {
     addPage(app, action);
     addRender(app, action);
     addType(app, action);
+    addWords(app, action);
     addEval(app, action);
     try {
         app.parse(argc, argv);

@@ -82,6 +82,12 @@ struct TypeArguments {
 };
 int typeText(const TypeArguments& arguments);
 
+struct WordsArguments {
+    std::vector<std::string> words;
+};
+int listWords(const WordsArguments& arguments);
+int removeWords(const WordsArguments& arguments);
+
 struct EvalArguments {
     LanguageChoice choice;
     std::string set;

@@ -7,7 +7,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from vorpel_tool import answer
+from vorpel_tool import answer, run
 
 SKIPPED = 77
 DATA = Path(os.environ["VORPEL_DATA"])
@@ -36,6 +36,14 @@ class DemonstrationTest(unittest.TestCase):
         for language, pairs in NEXT_WORDS.items():
             for line in answer("predict", "--language", language, "--json", *pairs):
                 self.assertIn(pairs[line["word"]], line["words"][:3])
+
+    def test_a_sentence_with_slips_comes_out_right(self) -> None:
+        for options in ([], ["--jitter", "1"], ["--jitter", "2"], ["--jitter", "3"]):
+            typed = run("type", "--autocorrect", "on", *options, "i dont knwo waht yuo maen ")
+            self.assertIn(" I don't know what you mean ", typed.stdout.splitlines()[-1], options)
+        taken = run("type", "--language", "ar", "--take-words", "السلام عليكم ورحمة الله").stdout
+        self.assertIn("السلام عليكم ورحمة الله", taken.splitlines()[-1])
+        self.assertGreater(taken.count("("), 2, "words are taken from the bar")
 
     def test_known_words_are_left_alone(self) -> None:
         for language, words in (("en", ["the", "hello", "don't", "well", "its", "Monday"]), ("ar", ["أنا", "من", "بيت"])):

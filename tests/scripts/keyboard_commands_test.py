@@ -17,10 +17,10 @@ def size_of_png(path: Path) -> tuple[int, int]:
 
 
 def field_after(*arguments: str) -> str:
-    """What stands in the field after the last key, which each line ends in."""
+    """What stands in the field after the last key, between the key and the bar."""
     done = run("type", *arguments)
     assert done.returncode == 0, done.stderr
-    return done.stdout.removesuffix("\n").splitlines()[-1][11:]
+    return done.stdout.splitlines()[-1][11:].rsplit(" [", 1)[0].rstrip()
 
 
 class KeyboardTest(unittest.TestCase):
@@ -56,6 +56,18 @@ class KeyboardTest(unittest.TestCase):
             with self.subTest(typed):
                 self.assertEqual(field_after(*options, typed), field)
         self.assertNotEqual(field_after("--jitter", "3", "a rather long sentence"), "")
+
+    def test_learnt_words_are_listed_and_forgotten(self) -> None:
+        surroundings = {"XDG_DATA_HOME": str(self.folder)}
+        self.assertEqual(run("words", "list", **surroundings).stdout, "")
+        file = self.folder / "vorpel" / "words.txt"
+        file.parent.mkdir()
+        file.write_text("vorpel\nsnicker\nsnack", encoding="utf-8")
+        self.assertEqual(run("words", "list", **surroundings).stdout, "vorpel\nsnicker\nsnack\n")
+        done = run("words", "remove", "vorpel", "boojum", **surroundings)
+        self.assertEqual((done.returncode, done.stderr), (1, f'vorpel: {file}: "boojum" was not learnt\n'))
+        self.assertEqual(run("words", "remove", "vorpel", "snack", **surroundings).returncode, 0)
+        self.assertEqual(file.read_text(encoding="utf-8"), "snicker\n")
 
     def test_what_cannot_be_done_is_said_in_one_line(self) -> None:
         out = self.folder / "x.png"

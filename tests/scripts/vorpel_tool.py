@@ -23,9 +23,9 @@ PAIRS = {("hello", "world"): 600, ("hello", "friend"): 20}
 CORRECTIONS = {"teh": "the", "wrld": "world"}
 
 
-def run(*arguments: str | Path, stdin: str | None = None) -> subprocess.CompletedProcess[str]:
+def run(*arguments: str | Path, stdin: str | None = None, **environment: str) -> subprocess.CompletedProcess[str]:
     return subprocess.run([TOOL, *map(str, arguments)], input=stdin, capture_output=True, text=True, check=False,
-                          timeout=600)
+                          timeout=600, env={**os.environ, **environment})
 
 
 def answer(*arguments: str | Path, stdin: str | None = None) -> list[dict]:

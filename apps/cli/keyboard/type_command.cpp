@@ -101,8 +101,9 @@ private:
             if (!words.empty()) words += " | ";
             words += label->isHidden() || label->currentTitle().empty() ? "-" : label->currentTitle();
         }
+        words = "[" + words + "]";
         if (!stage_.controller().correctionPending()) return words;
-        return words + "  -> " + stage_.banner().wordLabel_2.currentTitle();
+        return words + " -> " + stage_.banner().wordLabel_2.currentTitle();
     }
 
     ui::Point aimAt(const ui::Rect& frame) {
