@@ -222,7 +222,10 @@ TEST(LayoutTheme, ColoursAllKeysWhileItIsOn) {
     stage.layout->updateKeyAppearance();
     for (const Key* const key : stage.keysOf(150)) {
         const KeyColors& shown = stage.layout->viewForKey(*key)->colors();
-        EXPECT_EQ(shown.face, hexStringToUIColor("#102030"));
+        const ui::Color color = hexStringToUIColor("#102030");
+        const bool isLetter = key->isCharacter() || key->type == Key::KeyType::Space;
+        EXPECT_EQ(shown.face, isLetter ? color : color.withAlpha(0.5));
+        EXPECT_EQ(shown.popup, color);
         EXPECT_EQ(shown.text, hexStringToUIColor("#F0F1F2"));
         EXPECT_EQ(shown.border, hexStringToUIColor("#405060"));
         EXPECT_EQ(shown.under, hexStringToUIColor("#708090"));

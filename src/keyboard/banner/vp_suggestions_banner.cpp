@@ -76,14 +76,14 @@ void VPSuggestionsBanner::openSettings(ui::Button& sender) {
 
 void VPSuggestionsBanner::openFontSettings(ui::Button& sender) {
     settingsButton.setSelected(false);
-    settingsButton.setBackgroundColor(buttonBackgroundColor);
+    settingsButton.setBackgroundColor(restingGround());
     toggle(sender);
 }
 
 void VPSuggestionsBanner::toggle(ui::Button& sender) {
     sender.setSelected(!sender.isSelected());
     const bool selected = sender.isSelected();
-    sender.setBackgroundColor(selected ? KSelectedColor : buttonBackgroundColor);
+    sender.setBackgroundColor(selected ? selectedGround() : restingGround());
     keyboardButton.setHidden(!selected);
     keyboardButtonEnabled = selected;
     if (delegate) delegate->toggleSettingsView(selected);
@@ -92,13 +92,13 @@ void VPSuggestionsBanner::toggle(ui::Button& sender) {
 void VPSuggestionsBanner::settingsToggled(bool shown) {
     if (!shown) dismissSettingsScreen();
     settingsButton.setSelected(shown);
-    if (shown) settingsButton.setBackgroundColor(KSelectedColor);
+    if (shown) settingsButton.setBackgroundColor(selectedGround());
     keyboardButton.setHidden(!shown);
     keyboardButtonEnabled = shown;
 }
 
 void VPSuggestionsBanner::dismissSettingsScreen() {
-    if (keyboardButtonEnabled) settingsButton.setBackgroundColor(buttonBackgroundColor);
+    if (keyboardButtonEnabled) settingsButton.setBackgroundColor(restingGround());
 }
 
 void VPSuggestionsBanner::shuffleSettingsOptions(bool value) {

@@ -73,6 +73,9 @@ private:
     void setUpButton(ui::Button& button, const char* image);
     void toggle(ui::Button& sender);
     void applyColors();
+    [[nodiscard]] ui::Color restingGround() const;
+    [[nodiscard]] ui::Color selectedGround() const;
+    [[nodiscard]] ui::Color buttonGround(double share, const ui::Color& builtIn) const;
     void applyMark();
     void learn(const std::string& word, int tag);
 

@@ -41,6 +41,7 @@ void KeyboardViewController::setUp() {
     bannerView_ = createBanner();
     if (bannerView_) view_.addSubview(*bannerView_);
     view_.addSubview(*plane().popupLayer);
+    observeThemes();
     updateAppearance();
 }
 
@@ -196,6 +197,7 @@ void KeyboardViewController::updateAppearance() {
     view_.setBackgroundColor(themeColor(platform().userDefaults, preferences::KEYBOARD_BACKGROUND_COLOR,
                                         shownDark_ ? DARK_BACKGROUND : LIGHT_BACKGROUND));
     for (KeyPlane* const plane : {&english_, &arabic_}) {
+        plane->forwardingView->setBackgroundColor(view_.backgroundColor());
         if (!plane->layout) continue;
         plane->layout->setLook(shownDark_, solidColorMode());
         plane->layout->updateKeyAppearance();

@@ -10,8 +10,11 @@
 #include "keyboard/model/keyboard.h"
 #include "keyboard/model/shift_state.h"
 #include "keyboard/model/vorpel_ime_settings.h"
+#include "keyboard/theme/keyboard_theme_model.h"
 #include "platform/device.h"
 #include "platform/input_view_controller.h"
+#include "platform/notification_center.h"
+#include "platform/operation_queue.h"
 #include "platform/platform.h"
 #include "platform/run_loop.h"
 #include "platform/text_document_proxy.h"
@@ -67,6 +70,11 @@ public:
     virtual void changeKeyboardLanguage(const std::string& value);
     virtual void changeKeyboardSetting(VorpelIMESettings key, bool value);
     virtual void setCallBackDelegate(VorpelWordCommitDelegate* /*delegate*/) {}  // for the typing session
+
+    /// Colours the keyboard at once, and every later one on the same preferences; without a theme the
+    /// built-in look comes back. Posts "theameChange", with the KeyboardThemeModel as its object or without
+    /// one.
+    virtual void themeChangeAccordingly(const std::optional<KeyboardThemeModel>& themeObject);
 
     // Height.
 
@@ -224,6 +232,9 @@ protected:
     virtual void deleteBackward();
     [[nodiscard]] virtual std::optional<std::string> textBeforeInput() const;
 
+    /// The surroundings or the theme are others: whatever is coloured by them is coloured anew.
+    virtual void updateAppearance();
+
     /// Held touches are let go of, and every page and view takes its place anew in a layout pass.
     void layOutAnew();
     void layoutPass() { viewDidLayoutSubviews(); }
@@ -275,7 +286,10 @@ private:
     void stackViews();
     [[nodiscard]] double keysHeight() const;
     [[nodiscard]] ui::View* ifStillHere(ui::View* hostView) const;
-    void updateAppearance();
+    void observeThemes();
+    void themeChange(const platform::Notification& notification);
+    void takeThemeBack();
+    void saveTheme();
 
     std::unique_ptr<LayoutConstants> layoutConstants_;
     std::unique_ptr<GlobalColors> globalColors_;
@@ -286,6 +300,8 @@ private:
     std::unique_ptr<ExtraView> bannerView_;
     std::unique_ptr<DefaultSettings> settingsView_;
     std::unique_ptr<ui::DisplayLink> traitPollingTimer_;
+    platform::NotificationCenter::Observation themeObservation_;
+    std::unique_ptr<platform::OperationQueue> savingQueue_;
     std::optional<HeightConstraint> heightConstraint_;
     std::optional<ui::Rect> lastLayoutBounds_;
     double keyboardHeight_ = 0;

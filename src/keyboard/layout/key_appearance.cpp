@@ -15,6 +15,9 @@ using KeyType = Key::KeyType;
 constexpr double CHARACTER_FONT_SIZE = 23;
 constexpr double WORD_FONT_SIZE = 16;
 
+// Of a theme's key colour over its background.
+constexpr double THEME_SPECIAL_ALPHA = 0.5;
+
 /// Return keys that do more than end a line stand out.
 bool standsOut(KeyType type) {
     return type >= KeyType::Return_II && type <= KeyType::Return_Done;
@@ -139,7 +142,7 @@ void KeyboardLayout::setAppearanceForKey(ImageKey& key, const Key& model, bool d
         return;
     }
     KeyColors colors = builtInColors(darkMode, solidColorMode);
-    applyTheme(colors);
+    applyTheme(colors, KeyRole::Letter);
     key.setColors(colors);
 }
 
@@ -157,7 +160,7 @@ void KeyboardLayout::setAppearanceForOtherKey(ImageKey& key, const Key& model, b
         colors.face = global.returnKeySolidBlueColor();
         colors.text = global.darkModeTextColor();
     }
-    applyTheme(colors);
+    applyTheme(colors, KeyRole::Special);
     key.setColors(colors);
 }
 
@@ -174,17 +177,21 @@ KeyColors KeyboardLayout::builtInColors(bool darkMode, bool solidColorMode) cons
     return colors;
 }
 
-void KeyboardLayout::applyTheme(KeyColors& colors) const {
+/// A theme has one colour for all faces. As in the built-in look, special keys let the ground through, and a
+/// held key looks as those of the other kind do.
+void KeyboardLayout::applyTheme(KeyColors& colors, KeyRole role) const {
     if (!isThemed(parts_.userDefaults)) return;
     const auto stored = [&](const char* key, ui::Color builtIn) {
         return themeColor(parts_.userDefaults, key, builtIn);
     };
-    colors.face = stored(preferences::KEY_COLOR, colors.face);
-    colors.faceDown = colors.face.withAlpha(0.6);
+    const ui::Color full = stored(preferences::KEY_COLOR, colors.face);
+    const ui::Color paler = full.withAlpha(full.alpha * THEME_SPECIAL_ALPHA);
+    colors.face = role == KeyRole::Letter ? full : paler;
+    colors.faceDown = role == KeyRole::Letter ? paler : full;
     colors.text = colors.textDown = colors.popupText = stored(preferences::KEY_TEXT_COLOR, colors.text);
     colors.border = stored(preferences::KEY_BORDER_COLOR, colors.border);
     colors.under = stored(preferences::KEY_UNDER_LINE_COLOR, colors.under);
-    colors.popup = colors.face.withAlpha(1);
+    colors.popup = full.withAlpha(1);
 }
 
 }  // namespace vorpel

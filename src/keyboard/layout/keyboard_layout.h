@@ -90,13 +90,15 @@ protected:
     virtual Shape* getShape(ShapeClass shapeClass);
 
 private:
+    enum class KeyRole { Letter, Special };
+
     void apply(ImageKey& view, const Key& key, const ui::Rect& frame);
     void placeViews(const KeyFrames& keyMap);
     void positionAllPages();
     void showPage(int pageNum);
     [[nodiscard]] std::string imageFor(Key::KeyType type) const;
     [[nodiscard]] KeyColors builtInColors(bool darkMode, bool solidColorMode) const;
-    void applyTheme(KeyColors& colors) const;
+    void applyTheme(KeyColors& colors, KeyRole role) const;
 
     LayoutParts parts_;
     const Keyboard& model_;

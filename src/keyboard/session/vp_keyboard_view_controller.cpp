@@ -14,7 +14,6 @@ namespace {
 
 constexpr ui::Color DARK_SELECTED = ui::Color::rgb(0.4824, 0.4980, 0.5098);
 constexpr ui::Color LIGHT_SELECTED = ui::Color::rgb(0.9137, 0.9294, 1.0);
-constexpr ui::Color LIGHT_KEYS_GROUND = ui::Color::rgb(0.8039, 0.8157, 0.8353);
 
 }  // namespace
 
@@ -89,7 +88,7 @@ void VPKeyboardViewController::viewWillDisappear() {
 void VPKeyboardViewController::setupInitialState() {
     ForwardingView& keys = *plane().forwardingView;
     keys.setHidden(appNotYetOpened || !isForwordView);
-    keys.setBackgroundColor(darkMode() ? ui::Color::black() : LIGHT_KEYS_GROUND);
+    keys.setBackgroundColor(view().backgroundColor());
 }
 
 void VPKeyboardViewController::keyFramesValuesChanged() {

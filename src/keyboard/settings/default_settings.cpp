@@ -90,11 +90,11 @@ void DefaultSettings::updateAppearance(bool dark) {
 void DefaultSettings::applyColors() {
     const auto colors = SettingsColors::of(globalColors(), {darkMode(), solidColorMode()}, defaults_);
     setBackgroundColor(colors.ground);
-    title_.setTextColor(colors.text);
+    title_.setTextColor(colors.groundText);
     doneButton_.setTitleColor(colors.button);
     doneButton_.setTitleColor(colors.button.withAlpha(PRESSED_ALPHA), ui::ControlState::Highlighted);
     line_.setBackgroundColor(colors.line);
-    table_.setColors({ui::Color::clear(), colors.line, colors.quietText});
+    table_.setColors({ui::Color::clear(), colors.line, colors.quietGroundText});
     for (const Row& row : rows_) row.cell->setColors(colors);
 }
 

@@ -2,6 +2,7 @@
 #include "keyboard/settings/settings_colors.h"
 
 #include "keyboard/model/preference_keys.h"
+#include "keyboard/theme/contrast.h"
 #include "keyboard/theme/theme_color.h"
 
 namespace vorpel {
@@ -13,15 +14,20 @@ constexpr ui::Color DARK_GROUND = ui::Color::black();
 
 // Shares of the text's colour, so that they suit any card.
 constexpr double QUIET_ALPHA = 0.6;
+constexpr double THEME_QUIET_ALPHA = 0.75;  // no theme's text stands out as black or white does
 constexpr double LINE_ALPHA = 0.15;
 constexpr double OFF_TRACK_ALPHA = 0.2;
+constexpr double THEME_ACCENT_ALPHA = 0.65;  // a white knob is to be seen on it, and it on the card
 
 void applyTheme(SettingsColors& colors, const platform::UserDefaults& defaults) {
     colors.ground = themeColor(defaults, preferences::KEYBOARD_BACKGROUND_COLOR, colors.ground);
     colors.card = themeColor(defaults, preferences::KEY_COLOR, colors.card);
     colors.text = themeColor(defaults, preferences::KEY_TEXT_COLOR, colors.text);
-    // A theme says of no colour but that of its key caps that it can be read.
-    colors.button = colors.text;
+    colors.accent = colors.text.withAlpha(THEME_ACCENT_ALPHA);
+    // No theme says what can be read where nothing but the ground is: one of its two texts can.
+    const ui::Color barText = themeColor(defaults, preferences::SUGGESTION_TEXT_COLOR, colors.text);
+    const bool barTextIsBetter = contrast(barText, colors.ground) > contrast(colors.text, colors.ground);
+    colors.groundText = colors.button = barTextIsBetter ? barText : colors.text;
 }
 
 }  // namespace
@@ -34,9 +40,12 @@ SettingsColors SettingsColors::of(const GlobalColors& global, SettingsLook look,
     colors.card = look.darkMode ? global.specialKey(true, look.solidColorMode)
                                 : global.regularKey(false, look.solidColorMode);
     colors.text = look.darkMode ? global.darkModeTextColor() : global.lightModeTextColor();
+    colors.groundText = colors.text;
     colors.accent = colors.button = global.returnKeySolidBlueColor();
     if (isThemed(defaults)) applyTheme(colors, defaults);
-    colors.quietText = colors.text.withAlpha(colors.text.alpha * QUIET_ALPHA);
+    const double quiet = isThemed(defaults) ? THEME_QUIET_ALPHA : QUIET_ALPHA;
+    colors.quietText = colors.text.withAlpha(colors.text.alpha * quiet);
+    colors.quietGroundText = colors.groundText.withAlpha(colors.groundText.alpha * quiet);
     colors.line = colors.text.withAlpha(colors.text.alpha * LINE_ALPHA);
     colors.offTrack = colors.text.withAlpha(colors.text.alpha * OFF_TRACK_ALPHA);
     return colors;

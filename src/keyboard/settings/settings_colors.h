@@ -15,14 +15,16 @@ struct SettingsLook {
 
 /// What the settings screen is drawn with.
 struct SettingsColors {
-    ui::Color ground;  ///< opaque: the keys lie under it
-    ui::Color card;    ///< under the rows of a section
-    ui::Color text;
-    ui::Color quietText;  ///< of section titles and notes
+    ui::Color ground;     ///< opaque: the keys lie under it
+    ui::Color card;       ///< under the rows of a section
+    ui::Color text;       ///< on a card, as all that follows but for the last three
+    ui::Color quietText;  ///< of notes
     ui::Color line;
-    ui::Color offTrack;  ///< of a switch
-    ui::Color accent;    ///< of a switch that is on
-    ui::Color button;    ///< the title of the way out
+    ui::Color offTrack;         ///< of a switch
+    ui::Color accent;           ///< of a switch that is on
+    ui::Color groundText;       ///< beside the cards
+    ui::Color quietGroundText;  ///< of section titles
+    ui::Color button;           ///< the title of the way out
 
     /// The built-in look, or the theme that is stored.
     static SettingsColors of(const GlobalColors& global, SettingsLook look,
