@@ -167,7 +167,7 @@ void addStageOptions(CLI::App& command, StageShape& stage) {
     command.add_flag("--pad", stage.isPad, "on a tablet");
     command.add_flag("--landscape", stage.isLandscape, "with the device held sideways");
     command.add_flag("--dark", stage.isDark, "in dark surroundings");
-    command.add_option("--theme", stage.themeFile, "a JSON file of the theme's colours");
+    command.add_option("--theme", stage.themeFile, "a theme file; docs/formats/theme.md tells what stands in it");
     command
         .add_option_function<std::string>(
             "--field", [&stage](const std::string& field) { stage.field = host::traitsOfField(field); },

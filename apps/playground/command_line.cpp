@@ -18,6 +18,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
     app.add_option("--language", options.language, "en or ar; otherwise the one used last")
         ->check(CLI::IsMember({"en", "ar"}));
     app.add_flag("--dark", options.isDark, "in dark surroundings");
+    app.add_option("--theme", options.themeFile, "a theme file; otherwise the theme used last");
     app.add_option("--width", options.window.width, "of the window, in points")
         ->check(CLI::Range(LEAST_WIDTH, Playground::GREATEST_WIDTH))
         ->capture_default_str();

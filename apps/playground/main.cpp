@@ -11,6 +11,7 @@
 #include "platform/posix/xdg_folders.h"
 #include "sdl_session.h"
 #include "text/diagnostics.h"
+#include "theme_files.h"
 #include "window_host.h"
 
 #include <cstdio>
@@ -53,7 +54,11 @@ void runPlayground(const Options& options) {
          .globalQueue = workQueue,
          .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); },
          .textChecker = &words,
-         .systemSound = &click});
+         .systemSound = &click,
+         .themes = host::findThemes(report)});
+    if (!options.themeFile.empty()) {
+        playground.keyboard().themeChangeAccordingly(host::readTheme(options.themeFile));
+    }
     playground.setDark(options.isDark);
     WindowHost window(options.window, playground, runLoop, stopwatch);
     platform::Timer end;

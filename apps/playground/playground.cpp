@@ -2,6 +2,8 @@
 #include "playground.h"
 
 #include "keyboard/model/preference_keys.h"
+#include "keyboard/theme/stored_theme.h"
+#include "keyboard/theme/theme_color.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,6 +29,7 @@ Playground::Playground(const Services& services)
                 .makeOperationQueue = services.makeOperationQueue,
                 .textChecker = services.textChecker,
                 .systemSound = services.systemSound},
+      themes_(services.themes),
       window_(services.runLoop),
       toolbar_([this](Choice choice) { choose(choice); }),
       textArea_(field_, services.runLoop) {
@@ -122,6 +125,7 @@ void Playground::showChoices() {
     toolbar_.setValue(Choice::Field, choices_.fieldLabel());
     toolbar_.setValue(Choice::Return, choices_.returnLabel());
     toolbar_.setValue(Choice::Look, choices_.isDark() ? "Dark" : "Light");
+    toolbar_.setValue(Choice::Theme, themeLabel());
     toolbar_.setValue(Choice::Held, screen_.isSideways() ? "Sideways" : "Upright");
     toolbar_.setValue(Choice::Language, isArabic ? "العربية" : "English");
     toolbar_.setValue(Choice::Settings, keyboard_->settingsOnShow() ? "Shown" : "Hidden");
@@ -137,6 +141,8 @@ void Playground::choose(Choice choice) {
             break;
         case Choice::Look:
             return setDark(!choices_.isDark());
+        case Choice::Theme:
+            return nextTheme();
         case Choice::Held:
             if (sizeHandler_) sizeHandler_({size_.height, size_.width});
             return;
@@ -147,6 +153,26 @@ void Playground::choose(Choice choice) {
     }
     // It is another field now.
     changeFieldFromOutside([this] { field_.setTraits(choices_.traits()); });
+}
+
+Playground::ThemePlace Playground::themeOnShow() const {
+    return std::ranges::find(themes_, storedTheme(platform_.userDefaults), &host::NamedTheme::theme);
+}
+
+/// After the last one, and after one that is none of them, the built-in look.
+void Playground::nextTheme() {
+    ThemePlace next = themes_.begin();
+    if (isThemed(platform_.userDefaults)) next = std::ranges::next(themeOnShow(), 1, themes_.cend());
+    if (next == themes_.end()) {
+        keyboard_->themeChangeAccordingly(std::nullopt);
+    } else {
+        keyboard_->themeChangeAccordingly(next->theme);
+    }
+}
+
+std::string Playground::themeLabel() const {
+    if (!isThemed(platform_.userDefaults)) return "Built-in";
+    return themeOnShow() == themes_.end() ? "Your own" : themeOnShow()->name;
 }
 
 void Playground::tapText(std::size_t character) {

@@ -7,6 +7,7 @@
 #include "platform/plain_text_field.h"
 #include "platform/platform.h"
 #include "text_area.h"
+#include "theme_files.h"
 #include "toolbar.h"
 #include "ui/view.h"
 #include "ui/window.h"
@@ -15,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vorpel::playground {
 
@@ -27,6 +29,7 @@ struct Services {
     std::function<std::unique_ptr<platform::OperationQueue>()> makeOperationQueue;
     platform::TextChecker* textChecker = nullptr;
     platform::SystemSound* systemSound = nullptr;
+    std::vector<host::NamedTheme> themes = {};  ///< to choose from, beside the built-in look
 };
 
 /// All that stands in the window, without the window: the choices, the text field, the keyboard. It is the
@@ -78,6 +81,10 @@ private:
     void placeAll();
     void showChoices();
     void choose(Choice choice);
+    using ThemePlace = std::vector<host::NamedTheme>::const_iterator;
+    [[nodiscard]] ThemePlace themeOnShow() const;
+    void nextTheme();
+    [[nodiscard]] std::string themeLabel() const;
     void tapText(std::size_t character);
     void changeFieldFromOutside(const std::function<void()>& change);
 
@@ -87,6 +94,7 @@ private:
     platform::PlainTextField field_;
     platform::Platform platform_;
     FieldChoices choices_;
+    std::vector<host::NamedTheme> themes_;
     ui::Window window_;
     ui::View root_;
     ui::View shelf_;  // carries the keyboard's ground on to the edges of a wider window

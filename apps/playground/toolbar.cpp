@@ -11,7 +11,7 @@ namespace vorpel::playground {
 
 namespace {
 
-constexpr std::array CAPTIONS{"Field", "Return key", "Look", "Held", "Language", "Settings"};
+constexpr std::array CAPTIONS{"Field", "Return key", "Look", "Theme", "Held", "Language", "Settings"};
 
 constexpr double MARGIN = 12;
 constexpr double GAP = 8;
@@ -32,7 +32,7 @@ constexpr ui::Font VALUE_FONT{15, ui::FontWeight::Medium};
 std::size_t columnsFor(double width) {
     const std::size_t all = CAPTIONS.size();
     const double needed = static_cast<double>(all) * (LEAST_CHIP_WIDTH + GAP) - GAP + 2 * MARGIN;
-    return width >= needed ? all : all / 2;
+    return width >= needed ? all : (all + 1) / 2;
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 namespace vorpel::playground {
 
 /// What a person may try out.
-enum class Choice { Field, Return, Look, Held, Language, Settings };
+enum class Choice { Field, Return, Look, Theme, Held, Language, Settings };
 
 /// A row of keys, or two where it is narrow, that each show what is chosen and at a tap go on to the next.
 class Toolbar final : public ui::View {
@@ -41,7 +41,7 @@ private:
         Look look = LIGHT_LOOK;
     };
 
-    static constexpr std::size_t COUNT = 6;
+    static constexpr std::size_t COUNT = 7;
     static std::size_t indexOf(Choice choice) { return static_cast<std::size_t>(choice); }
 
     std::array<Chip, COUNT> chips_;

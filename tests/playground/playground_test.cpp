@@ -20,6 +20,10 @@ namespace vorpel::playground {
 
 namespace {
 
+KeyboardThemeModel themeOf(const char* color) {
+    return {color, color, color, color, color, color, color, color, true};
+}
+
 /// A playground without a window, on a clock that only the test moves, with one finger.
 class PlaygroundTest : public ::testing::Test {
 protected:
@@ -82,7 +86,8 @@ protected:
                            .globalQueue = platform.globalQueue,
                            .makeOperationQueue = [this] { return platform.operations.makeOperationQueue(); },
                            .textChecker = &platform.textChecker,
-                           .systemSound = &platform.sound}};
+                           .systemSound = &platform.sound,
+                           .themes = {{"Ink", themeOf("#101018")}, {"Snow", themeOf("#FAFAFF")}}}};
 };
 
 bool holds(const ui::Rect& outer, const ui::Rect& inner) {
@@ -156,7 +161,7 @@ TEST_F(PlaygroundTest, EverythingHasItsPlaceAtAnySize) {
             EXPECT_EQ(keys.height, width > height ? 162 : width < 400 ? 216 : 226);
             EXPECT_FALSE(playground.toolbar().frame().intersects(keys));
             EXPECT_FALSE(playground.textArea().frame().intersects(keys));
-            for (int index = 0; index < 6; ++index) {
+            for (int index = 0; index < 7; ++index) {
                 EXPECT_TRUE(holds(playground.toolbar().bounds(),
                                   playground.toolbar().frameOf(static_cast<Choice>(index))));
             }
@@ -175,6 +180,22 @@ TEST_F(PlaygroundTest, ChoicesReachTheKeyboard) {
     choose(Choice::Settings);
     choose(Choice::Language);
     EXPECT_TRUE(playground.keyboard().isArabicModeOn());
+}
+
+TEST_F(PlaygroundTest, ThemesGoRoundAndOneThatIsNoneOfThemEnds) {
+    const auto shows = [this](const char* name) {
+        playground.window().damageAll();
+        return std::ranges::count(frame().texts(), name) == 1;
+    };
+    EXPECT_TRUE(shows("Built-in"));
+    for (const char* const name : {"Ink", "Snow", "Built-in"}) {
+        choose(Choice::Theme);
+        EXPECT_TRUE(shows(name)) << name;
+    }
+    playground.keyboard().themeChangeAccordingly(themeOf("#123456"));
+    EXPECT_TRUE(shows("Your own"));
+    choose(Choice::Theme);
+    EXPECT_TRUE(shows("Built-in"));
 }
 
 TEST_F(PlaygroundTest, AKeyboardThatWasPutAwayComesBackWithATapOnTheText) {

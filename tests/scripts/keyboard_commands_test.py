@@ -2,12 +2,16 @@
 """The commands that list, draw and touch the keyboard."""
 from __future__ import annotations
 
+import json
+import os
 import struct
 import tempfile
 import unittest
 from pathlib import Path
 
 from vorpel_tool import answer, run
+
+THEMES = sorted((Path(os.environ["VORPEL_SOURCE_DIR"]) / "data" / "themes").glob("*.json"))
 
 
 def size_of_png(path: Path) -> tuple[int, int]:
@@ -21,6 +25,18 @@ def field_after(*arguments: str) -> str:
     done = run("type", *arguments)
     assert done.returncode == 0, done.stderr
     return done.stdout.splitlines()[-1][11:].rsplit(" [", 1)[0].rstrip()
+
+
+def channels(color: str) -> list[float]:
+    return [int(color[at:at + 2], 16) / 255 for at in (1, 3, 5)]
+
+
+def contrast(*colors: list[float]) -> float:
+    def light(share: float) -> float:
+        return share / 12.92 if share <= 0.04045 else ((share + 0.055) / 1.055) ** 2.4
+    low, high = sorted(sum(part * light(share) for part, share in zip((0.2126, 0.7152, 0.0722), color))
+                       for color in colors)
+    return (high + 0.05) / (low + 0.05)
 
 
 class KeyboardTest(unittest.TestCase):
@@ -68,6 +84,40 @@ class KeyboardTest(unittest.TestCase):
         self.assertEqual((done.returncode, done.stderr), (1, f'vorpel: {file}: "boojum" was not learnt\n'))
         self.assertEqual(run("words", "remove", "vorpel", "snack", **surroundings).returncode, 0)
         self.assertEqual(file.read_text(encoding="utf-8"), "snicker\n")
+
+    def test_our_themes_can_be_read_and_drawn(self) -> None:
+        self.assertEqual(len(THEMES), 3)
+        for path in THEMES:
+            with self.subTest(path.name):
+                theme = {name: channels(value) for name, value in json.loads(path.read_text()).items() if value is not True
+                         and value is not False}
+                special = [(key + ground) / 2 for key, ground in zip(theme["keyColor"], theme["keyboardBackgroundColor"])]
+                for ground in (theme["keyColor"], special):
+                    self.assertGreater(contrast(theme["keyTextcolor"], ground), 7)
+                self.assertGreater(contrast(theme["suggestionTextColor"], theme["suggestionBarColor"]), 7)
+                self.assertGreater(contrast(theme["suggestionDividerColor"], theme["suggestionBarColor"]), 2.5)
+                self.assertGreater(contrast(theme["keyColor"], special), 1.2, "special keys stand apart")
+                self.assertEqual(run("render", "--theme", path, "--out", self.folder / "x.png").returncode, 0)
+
+    def test_a_theme_file_that_is_none_is_named_with_the_reason(self) -> None:
+        whole = json.loads(THEMES[0].read_text())
+        path = self.folder / "theme.json"
+        for content, reason in (
+                ("{", "not JSON: "), ("[]", "not an object of colours"), ("", "not JSON: "),
+                ({**whole, "keyColor": "#12345"}, '"keyColor" is not of the form "#RRGGBB"'),
+                ({**whole, "keyColor": 7}, '"keyColor" is not of the form'),
+                ({**whole, "keyTextcolor": "#12345G"}, '"keyTextcolor" is not of the form'),
+                ({**whole, "isThemeDarkType": "true"}, '"isThemeDarkType" is neither true nor false'),
+                ({**whole, "keyTextColor": "#000000"}, '"keyTextColor" is no part of a theme'),
+                *(({name: whole[name] for name in whole if name != left}, f'"{left}" is missing') for left in whole)):
+            with self.subTest(reason):
+                path.write_text(content if isinstance(content, str) else json.dumps(content))
+                for command in (["render", "--out", self.folder / "y.png"], ["type", "a"]):
+                    done = run(*command, "--theme", path)
+                    self.assertEqual((done.returncode, done.stdout), (1, ""))
+                    self.assertRegex(done.stderr, r"\Avorpel: [^\n]+\n\Z")
+                    self.assertIn(f"{path}: {reason}", done.stderr)
+        self.assertIn("No such file", run("type", "--theme", self.folder / "none.json", "a").stderr)
 
     def test_what_cannot_be_done_is_said_in_one_line(self) -> None:
         out = self.folder / "x.png"

@@ -38,10 +38,18 @@ class WindowTest(unittest.TestCase):
             self.assertEqual(self.start("--quit-after", "0.1", *arguments).returncode, 0)
             self.assertEqual(self.settings()["Language"], language)
 
+    def test_the_theme_is_remembered(self) -> None:
+        theme = Path(os.environ["VORPEL_SOURCE_DIR"]) / "data" / "themes" / "paper.json"
+        for arguments in (["--theme", str(theme)], []):
+            self.assertEqual(self.start("--quit-after", "0.1", *arguments).returncode, 0)
+            self.assertIs(self.settings()["iskeyboardTheme"], True)
+            self.assertEqual(self.settings()["keyColor"], json.loads(theme.read_text())["keyColor"])
+
     def test_what_cannot_be_is_said_in_one_line(self) -> None:
         displayless = {"SDL_VIDEODRIVER": "none-such"}
         homeless = {"XDG_CONFIG_HOME": "", "HOME": ""}
         cases = ((["--width", "10"], {}, 2), (["--langauge", "en"], {}, 2), (["--quit-after", "0"], {}, 2),
+                 (["--theme", "none.json"], {}, 1),
                  ([], displayless, 1), ([], homeless, 1))
         for arguments, environment, status in cases:
             with self.subTest(arguments=arguments, environment=environment):

@@ -3,8 +3,8 @@
 
 #include "data_folders.h"
 #include "keyboard/model/preference_keys.h"
-#include "keyboard/theme_file.h"
 #include "platform/manual_time.h"
+#include "theme_files.h"
 #include "ui/cairo/bitmap.h"
 #include "ui/cairo/drawing_resources.h"
 #include "ui/cairo/paint_window.h"
@@ -57,13 +57,13 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
       window_(runLoop_) {
     userDefaults_.setString(preferences::LANGUAGE, shape.language);
     userDefaults_.setBool(preferences::kAutoCorrection, shape.autoCorrects);
-    if (!shape.themeFile.empty()) applyThemeFile(shape.themeFile, userDefaults_);
     host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
                                           : platform::InterfaceOrientation::Portrait;
     platform::TextInputTraits traits = shape.field;
     if (shape.isDark) traits.keyboardAppearance = platform::KeyboardAppearance::Dark;
     host_.field.setTraits(traits);
     controller_ = std::make_unique<Controller>(platform_, shape.hasBar);
+    if (!shape.themeFile.empty()) controller_->themeChangeAccordingly(host::readTheme(shape.themeFile));
     setHeights(shape);
     window_.setRoot(&controller_->view());
     controller_->viewDidLoad();
