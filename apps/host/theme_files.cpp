@@ -127,7 +127,7 @@ std::vector<NamedTheme> findThemes(const platform::FaultReport& report) {
             try {
                 themes.push_back({nameOf(file), readTheme(file.string())});
             } catch (const std::runtime_error& error) {
-                report(error.what());
+                if (report) report(error.what());
             }
         }
         if (!themes.empty()) break;

@@ -4,9 +4,14 @@
 #include "keyboard/theme/hex_color.h"
 #include "keyboard/theme/stored_theme.h"
 #include "keyboard_fixture.h"
+#include "support/recording_painter.h"
 #include "support/seen_contrast.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace vorpel {
 
@@ -16,14 +21,20 @@ using testing::over;
 using testing::seenContrast;
 using testing::Stage;
 
-const KeyboardThemeModel DARK("#010203", "#112233", "#040506", "#778899", "#EEDDCC", "#FFEEDD", "#334455",
-                              "#556677", true);
-const KeyboardThemeModel LIGHT("#FFFFF0", "#FAFAFA", "#F0F0E0", "#A0A090", "#202010", "#101010", "#C0C0B0",
-                               "#909080", false);
-constexpr const char* KEYS[] = {
+// In the order of the fields, but for the last.
+using Colors = std::array<const char*, 8>;
+constexpr Colors KEYS{
     "keyboardBackgroundColor", "keyColor",     "suggestionBarColor", "suggestionDividerColor",
-    "suggestionTextColor",     "keyTextcolor", "keyBorderColor",     "keyUnderLinecolor",
-    "isThemeDarkType"};
+    "suggestionTextColor",     "keyTextcolor", "keyBorderColor",     "keyUnderLinecolor"};
+constexpr Colors DARK{"#010203", "#112233", "#040506", "#778899", "#EEDDCC", "#FFEEDD", "#334455", "#556677"};
+constexpr Colors LIGHT{"#FFFFF0", "#FAFAFA", "#F0F0E0", "#A0A090",
+                       "#202010", "#101010", "#C0C0B0", "#909080"};
+// Its key caps cannot be read on its background.
+constexpr Colors ODD{"#000000", "#FFD400", "#101010", "#777777", "#FFE14D", "#000000", "#000000", "#000000"};
+
+KeyboardThemeModel themeOf(const Colors& of) {
+    return {of[0], of[1], of[2], of[3], of[4], of[5], of[6], of[7], of != LIGHT};
+}
 
 VPSuggestionsBanner& bannerOf(const Stage& stage) {
     return dynamic_cast<VPSuggestionsBanner&>(*stage.controller->bannerView());
@@ -37,7 +48,7 @@ std::vector<ui::Color> colorsOf(const Stage& stage) {
     EXPECT_EQ(stage.keys().backgroundColor(), stage.controller->view().backgroundColor());
     EXPECT_EQ(banner.border12.backgroundColor(), banner.border23.backgroundColor());
     EXPECT_EQ(banner.wordLabel_3.titleColorForState(ui::ControlState::Normal), words);
-    return {stage.controller->view().backgroundColor(),
+    return {stage.keys().backgroundColor(),
             key.face,
             banner.backgroundColor(),
             banner.border12.backgroundColor(),
@@ -47,13 +58,9 @@ std::vector<ui::Color> colorsOf(const Stage& stage) {
             key.under};
 }
 
-std::vector<ui::Color> colorsOf(const KeyboardThemeModel& theme) {
+std::vector<ui::Color> colorsOf(const Colors& theme) {
     std::vector<ui::Color> colors;
-    for (const std::string& hex : {theme.keyboardBackgroundColor, theme.keyColor, theme.suggestionBarColor,
-                                   theme.suggestionDividerColor, theme.suggestionTextColor,
-                                   theme.keyTextcolor, theme.keyBorderColor, theme.keyUnderLinecolor}) {
-        colors.push_back(hexStringToUIColor(hex));
-    }
+    std::ranges::transform(theme, std::back_inserter(colors), hexStringToUIColor);
     return colors;
 }
 
@@ -67,14 +74,15 @@ TEST(Theme, ColoursWhateverIsOnShowAndOutlastsTheKeyboardUntilItIsTakenBack) {
             posted.push_back(theme ? std::optional(*theme) : std::nullopt);
         });
     auto& defaults = stage.platform.userDefaults;
-    for (const auto& theme : {DARK, LIGHT}) {
-        stage.controller->themeChangeAccordingly(theme);
+    for (const Colors& theme : {DARK, LIGHT}) {
+        stage.controller->themeChangeAccordingly(themeOf(theme));
         EXPECT_EQ(colorsOf(stage), colorsOf(theme));
-        EXPECT_EQ(posted.back(), theme);
-        EXPECT_EQ(storedTheme(defaults), theme);
-        EXPECT_EQ(defaults.stringForKey("keyUnderLinecolor"), theme.keyUnderLinecolor);
-        EXPECT_EQ(defaults.boolForKey("isThemeDarkType"), theme.isThemeDarkType);
         EXPECT_NE(stage.face("shift").colors().face, stage.face("e").colors().face);
+        EXPECT_EQ(posted.back(), themeOf(theme));
+        EXPECT_EQ(storedTheme(defaults), themeOf(theme));
+        for (std::size_t at = 0; at < KEYS.size(); ++at)
+            EXPECT_EQ(defaults.stringForKey(KEYS[at]), theme[at]);
+        EXPECT_EQ(defaults.boolForKey("isThemeDarkType"), theme == DARK);
     }
     const auto next = VorpelKeyboardViewController::create(stage.platform.platform);
     EXPECT_EQ(next->view().backgroundColor(), colorsOf(LIGHT)[0]);
@@ -85,6 +93,7 @@ TEST(Theme, ColoursWhateverIsOnShowAndOutlastsTheKeyboardUntilItIsTakenBack) {
     EXPECT_EQ(next->bannerView()->backgroundColor(), builtIn[2]) << "every keyboard hears of it";
     EXPECT_EQ(posted.back(), std::nullopt);
     for (const char* const key : KEYS) EXPECT_FALSE(defaults.objectForKey(key)) << key;
+    EXPECT_FALSE(defaults.objectForKey("isThemeDarkType"));
     EXPECT_EQ(defaults.objectForKey("iskeyboardTheme"), platform::UserDefaults::Value(false));
     stage.touch("e");
     EXPECT_EQ(stage.text(), "e") << "the keys are back";
@@ -97,16 +106,20 @@ TEST(Theme, ReachesTheOtherLanguageTheSettingsAndAKeyThatIsHeld) {
     const KeyColors builtIn = stage.face("ا").colors();
     stage.controller->changeKeyboardLanguage("en");
     stage.layOut();
-    stage.controller->toggleSettings(false);
-    stage.controller->themeChangeAccordingly(DARK);
-    EXPECT_EQ(stage.controller->settingsView()->backgroundColor(), hexStringToUIColor("#010203"));
-    stage.controller->toggleSettings(true);
     stage.down(1, "e");
-    EXPECT_EQ(stage.popups(), 1U);
-    EXPECT_EQ(stage.face("e").colors().popup, hexStringToUIColor("#112233"));
+    ASSERT_EQ(stage.popups(), 1U);
+    stage.controller->themeChangeAccordingly(themeOf(DARK));
+    const ui::Color key = hexStringToUIColor("#112233");
+    testing::RecordingPainter painter;
+    stage.controller->plane().popupLayer->subviews()[0]->draw(painter);
+    EXPECT_TRUE(std::ranges::any_of(painter.drawn, [&](const auto& one) { return one.color == key; }));
+    stage.controller->toggleSettings(false);
+    stage.controller->themeChangeAccordingly(themeOf(LIGHT));
+    EXPECT_EQ(stage.controller->settingsView()->backgroundColor(), hexStringToUIColor("#FFFFF0"));
+    stage.controller->themeChangeAccordingly(themeOf(DARK));
     stage.controller->changeKeyboardLanguage("ar");
     stage.layOut();
-    EXPECT_EQ(stage.face("ا").colors().face, hexStringToUIColor("#112233"));
+    EXPECT_EQ(stage.face("ا").colors().face, key);
 
     // A language that was chosen in the settings, which are still on show, comes with the built-in look.
     stage.platform.userDefaults.setString(preferences::LANGUAGE, "en");
@@ -121,16 +134,13 @@ TEST(Theme, ReachesTheOtherLanguageTheSettingsAndAKeyThatIsHeld) {
 }
 
 TEST(Theme, TheCorrectionAndTheSettingsCanBeReadWhateverTheTheme) {
-    // The last has key caps that cannot be read on its background.
-    const KeyboardThemeModel odd("#000000", "#FFD400", "#101010", "#777777", "#FFE14D", "#000000", "#000000",
-                                 "#000000", true);
-    for (const auto& theme : {DARK, LIGHT, odd}) {
+    for (const Colors& theme : {DARK, LIGHT, ODD}) {
         Stage stage;
-        stage.controller->themeChangeAccordingly(theme);
+        stage.controller->themeChangeAccordingly(themeOf(theme));
         VPSuggestionsBanner& banner = bannerOf(stage);
         banner.wordLabel_2.setTitle("word");
         banner.markCorrection(true);
-        const ui::Color bar = hexStringToUIColor(theme.suggestionBarColor);
+        const ui::Color bar = hexStringToUIColor(theme[2]);
         const ui::Color mark = over(bar, banner.wordLabel_2.backgroundColor());
         EXPECT_GT(contrast(mark, banner.wordLabel_2.titleColorForState(ui::ControlState::Normal)), 4.5);
         EXPECT_GT(contrast(mark, bar), 1.5) << "the mark is to be seen";

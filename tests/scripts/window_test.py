@@ -38,13 +38,6 @@ class WindowTest(unittest.TestCase):
             self.assertEqual(self.start("--quit-after", "0.1", *arguments).returncode, 0)
             self.assertEqual(self.settings()["Language"], language)
 
-    def test_the_theme_is_remembered(self) -> None:
-        theme = Path(os.environ["VORPEL_SOURCE_DIR"]) / "data" / "themes" / "paper.json"
-        for arguments in (["--theme", str(theme)], []):
-            self.assertEqual(self.start("--quit-after", "0.1", *arguments).returncode, 0)
-            self.assertIs(self.settings()["iskeyboardTheme"], True)
-            self.assertEqual(self.settings()["keyColor"], json.loads(theme.read_text())["keyColor"])
-
     def test_what_cannot_be_is_said_in_one_line(self) -> None:
         displayless = {"SDL_VIDEODRIVER": "none-such"}
         homeless = {"XDG_CONFIG_HOME": "", "HOME": ""}

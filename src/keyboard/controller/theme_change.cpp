@@ -35,6 +35,8 @@ void KeyboardViewController::themeChangeAccordingly(const std::optional<Keyboard
     platform().notificationCenter.post({THEME_CHANGE, *themeObject});
 }
 
+/// The words of the bar take the built-in look's colour with all else: white ones could not be read on it in
+/// light surroundings.
 void KeyboardViewController::takeThemeBack() {
     platform().userDefaults.setBool(preferences::IS_KEYBOARD_THEME, false);
     plane().forwardingView->resetTrackedViews();
