@@ -53,7 +53,7 @@ void KeyboardViewController::takeThemeBack() {
     }
 }
 
-/// A disk may be slow. The queue is the keyboard's own, since the preferences may go before a shared one.
+/// A disk may be slow. The queue is our own: the preferences may go before one of the platform's does.
 void KeyboardViewController::saveTheme() {
     if (!savingQueue_) {
         savingQueue_ = platform().makeOperationQueue();
