@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/settings/default_settings.h"
 #include "keyboard/settings/settings_colors.h"
+#include "keyboard/theme/contrast.h"
 #include "keyboard/theme/hex_color.h"
 #include "keyboard/theme/stored_theme.h"
 #include "keyboard_fixture.h"
 #include "support/recording_painter.h"
-#include "support/seen_contrast.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,6 @@ namespace vorpel {
 
 namespace {
 
-using testing::over;
-using testing::seenContrast;
 using testing::Stage;
 
 // In the order of the fields, but for the last.
@@ -131,6 +129,16 @@ TEST(Theme, ReachesTheOtherLanguageTheSettingsAndAKeyThatIsHeld) {
     stage.layOut();
     EXPECT_EQ(stage.face("ا").colors(), builtIn);
     EXPECT_EQ(stage.text(), "") << "what was held types nothing";
+}
+
+/// The colour as it comes out over an opaque ground.
+ui::Color over(const ui::Color& ground, const ui::Color& top) {
+    const auto mix = [&](double below, double above) { return below + (above - below) * top.alpha; };
+    return ui::Color::rgb(mix(ground.red, top.red), mix(ground.green, top.green), mix(ground.blue, top.blue));
+}
+
+double seenContrast(const ui::Color& ground, const ui::Color& top) {
+    return contrast(ground, over(ground, top));
 }
 
 TEST(Theme, TheCorrectionAndTheSettingsCanBeReadWhateverTheTheme) {
