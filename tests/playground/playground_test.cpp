@@ -150,6 +150,8 @@ TEST_F(PlaygroundTest, TheCursorIsInSightHoweverLongTheText) {
     }
 }
 
+constexpr double BAR = 45;  // the words above the keys
+
 TEST_F(PlaygroundTest, EverythingHasItsPlaceAtAnySize) {
     for (double width = 320; width <= 1100; width += 60) {
         for (const double height : {300.0, 1400.0}) {
@@ -158,7 +160,7 @@ TEST_F(PlaygroundTest, EverythingHasItsPlaceAtAnySize) {
             const ui::Rect keys = playground.keyboard().view().frame();
             EXPECT_EQ(keys.width, std::min(width, Playground::GREATEST_WIDTH));
             EXPECT_EQ(keys.bottom(), height);
-            EXPECT_EQ(keys.height, width > height ? 162 : width < 400 ? 216 : 226);
+            EXPECT_EQ(keys.height, BAR + (width > height ? 162 : width < 400 ? 216 : 226));
             EXPECT_FALSE(playground.toolbar().frame().intersects(keys));
             EXPECT_FALSE(playground.textArea().frame().intersects(keys));
             for (int index = 0; index < 7; ++index) {
@@ -203,7 +205,7 @@ TEST_F(PlaygroundTest, AKeyboardThatWasPutAwayComesBackWithATapOnTheText) {
     const double height = playground.textArea().frame().height;
     tapKey([](const Key& key) { return key.type == Key::KeyType::dismiss_Self; });
     EXPECT_TRUE(playground.keyboard().view().isHidden());
-    EXPECT_EQ(playground.textArea().frame().height, height + 162);
+    EXPECT_EQ(playground.textArea().frame().height, height + BAR + 162);
     tap(playground.textArea().frame().center());
     EXPECT_FALSE(playground.keyboard().view().isHidden());
     EXPECT_EQ(playground.textArea().frame().height, height);
