@@ -69,6 +69,9 @@ protected:
     /// The rest of the touches will not be told here.
     void didMoveToWindow() override;
 
+    /// The key that the touch owns, or null.
+    [[nodiscard]] ui::View* viewOf(const ui::Touch* touch) const;
+
     // A subclass may time a press: a short one on the key it times opens the emoji keyboard.
     bool timerOn = false;
     platform::Timer timer;
@@ -81,7 +84,6 @@ protected:
 private:
     void endTouch(const ui::Touch& touch, ui::View* view);
     void endTimedPress(ui::View* view);
-    [[nodiscard]] ui::View* viewOf(const ui::Touch* touch) const;
 
     platform::RunLoop& runLoop_;
     platform::NotificationCenter& notificationCenter_;
