@@ -26,8 +26,10 @@ enum class Kind { Plain, Embedded };
 template <class Base>
 class OpenKeyboard final : public Base {
 public:
-    OpenKeyboard(platform::Platform& platform, std::vector<std::string>& calls, std::vector<double>& dates)
-        : Base(platform), calls_(calls), dates_(dates) {
+    template <class... Options>
+    OpenKeyboard(platform::Platform& platform, std::vector<std::string>& calls, std::vector<double>& dates,
+                 const Options&... options)
+        : Base(platform, options...), calls_(calls), dates_(dates) {
         Base::setUp();
     }
 
@@ -66,6 +68,7 @@ struct Setting {
     const char* language = preferences::ENGLISH;
     /// Without capitals of its own accord, unless a test is about them.
     platform::AutocapitalizationType capitals = platform::AutocapitalizationType::None;
+    TypingOptions options = {};  ///< of the embedded kind
 };
 
 /// A keyboard in a window on the deterministic platform, and fingers on it. Keys are named by what they type
@@ -86,7 +89,8 @@ public:
                 std::make_unique<OpenKeyboard<KeyboardViewController>>(platform.platform, calls, dates);
         } else {
             controller =
-                std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(platform.platform, calls, dates);
+                std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(platform.platform, calls, dates,
+                                                                             setting.options);
         }
         window.setRoot(&controller->view());
         controller->viewDidLoad();
