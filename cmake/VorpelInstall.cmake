@@ -28,10 +28,11 @@ endforeach()
 
 install(DIRECTORY ${VORPEL_DATA_DIR}/ DESTINATION ${data_destination} OPTIONAL
         FILES_MATCHING PATTERN "*.dic" PATTERN "*.json"
-        PATTERN "images" EXCLUDE PATTERN "themes" EXCLUDE)
+        PATTERN "images" EXCLUDE PATTERN "themes" EXCLUDE PATTERN "alternatives" EXCLUDE)
 
 install(DIRECTORY data/images DESTINATION ${data_destination} FILES_MATCHING PATTERN "*.svg")
-install(DIRECTORY data/themes DESTINATION ${data_destination} FILES_MATCHING PATTERN "*.json")
+install(DIRECTORY data/themes data/alternatives DESTINATION ${data_destination}
+        FILES_MATCHING PATTERN "*.json")
 
 configure_package_config_file(cmake/vorpelConfig.cmake.in vorpelConfig.cmake
   INSTALL_DESTINATION ${package_destination} PATH_VARS data_destination CMAKE_INSTALL_INCLUDEDIR)

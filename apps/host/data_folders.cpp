@@ -24,7 +24,8 @@ std::vector<fs::path> dataFolders() {
 
 platform::FolderBundle keyboardResources() {
     for (const fs::path& folder : dataFolders()) {
-        platform::FolderBundle resources({folder.string(), (folder / "images").string()});
+        platform::FolderBundle resources(
+            {folder.string(), (folder / "images").string(), (folder / "alternatives").string()});
         // One picture stands for all: they are laid down together.
         if (resources.pathForResource("gear", "svg")) return resources;
     }
