@@ -77,6 +77,7 @@ void VorpelKeyboardViewController::textDidChange() {
     VPKeyboardViewController::textDidChange();
     // The words of one field are not shown at another.
     if (!typingPolicy().suggests) checkTheCurrentWord(NO_TOUCH_POINT);
+    followOffer();
 }
 
 void VorpelKeyboardViewController::selectionDidChange() {

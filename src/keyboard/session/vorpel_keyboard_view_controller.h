@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "keyboard/alternatives/alternatives_forwarding_view.h"
+#include "keyboard/alternatives/alternatives_table.h"
 #include "keyboard/session/text_record.h"
 #include "keyboard/session/typing_options.h"
 #include "keyboard/session/vp_keyboard_view_controller.h"
@@ -20,7 +22,7 @@ namespace vorpel {
 ///
 /// It keeps a record of the text before the cursor, as fields answer late or not at all, and replaces no
 /// word of which it is not sure. What else it does better is up to its options.
-class VorpelKeyboardViewController : public VPKeyboardViewController {
+class VorpelKeyboardViewController : public VPKeyboardViewController, private AlternativesSource {
 public:
     /// Below this width, in points, the wide set's extra keys find no room.
     static constexpr double LEAST_WIDE_WIDTH = 606;
@@ -35,6 +37,7 @@ public:
     void keyPressedHelper(ui::Control& sender) override;
     void setupKeys() override;
     void shiftDoubleTapped(ui::Control& sender) override;
+    void setShiftState(ShiftState state) override;
 
     void textDidChange() override;
     void selectionDidChange() override;
@@ -53,8 +56,9 @@ public:
 
 protected:
     explicit VorpelKeyboardViewController(platform::Platform& platform, const TypingOptions& options = {})
-        : VPKeyboardViewController(platform), options_(options) {}
+        : VPKeyboardViewController(platform), options_(options), alternatives_(platform.bundle) {}
 
+    std::unique_ptr<ForwardingView> makeForwardingView() override;
     void selectPageForField() override;
     void insertText(const std::string& text) override;
     void deleteBackward() override;
@@ -82,6 +86,11 @@ private:
         std::string textBefore;
     };
 
+    // Alternatives of a held key.
+    [[nodiscard]] std::optional<AlternativesOffer> offerOf(const KeyboardKey& key) override;
+    void enterAlternative(const std::string& text) override;
+    void followOffer();
+
     void readField();
     void rereadField();
     void beginElsewhere();
@@ -93,6 +102,7 @@ private:
     [[nodiscard]] std::optional<KeyOffset> offsetOf(const Key& key, ui::Point position) const;
 
     TypingOptions options_;
+    AlternativesTable alternatives_;
     TextRecord record_;
     std::optional<KeyOffset> pressedOffset_;    // of the letter that is being entered
     std::string correctedWord_;                 // what the pending correction is for
