@@ -187,7 +187,9 @@ void addRender(CLI::App& app, Action& action) {
     command->add_option("--page", arguments->page, "the page's number, where not the field's own");
     command->add_option("--shift", arguments->shift, "off, on or locked")
         ->check(CLI::IsMember({"off", "on", "locked"}));
-    command->add_option("--press", arguments->press, "a key that is held, by its cap or name");
+    CLI::Option* press =
+        command->add_option("--press", arguments->press, "a key that is held, by its cap or name");
+    command->add_flag("--hold", arguments->hold, "so long that the key opens its alternatives")->needs(press);
     command->add_flag("--settings", arguments->settings, "the settings in place of the keys");
     command->add_option("--out", arguments->out, "the PNG file to write")->required();
 }

@@ -68,6 +68,7 @@ struct RenderArguments {
     int page = -1;  ///< the one that the field asks for, when negative
     std::string shift = "off";
     std::string press;  ///< the key that a finger rests on
+    bool hold = false;  ///< until the key has opened its alternatives
     bool settings = false;
     std::string out;
 };

@@ -26,6 +26,7 @@ int renderPage(const RenderArguments& arguments) {
             findKey(stage.controller().plane(), stage.controller().currentMode(), arguments.press);
         if (!key) throw std::runtime_error("no key of the page shows or types \"" + arguments.press + "\"");
         stage.window().touchDown(1, stage.frameOf(*key).center());
+        if (arguments.hold) stage.advance(AlternativesForwardingView::HOLD);
     }
     stage.savePicture(arguments.out);
     return 0;
