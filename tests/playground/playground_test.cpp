@@ -154,7 +154,7 @@ constexpr double BAR = 45;  // the words above the keys
 
 TEST_F(PlaygroundTest, EverythingHasItsPlaceAtAnySize) {
     for (double width = 320; width <= 1100; width += 60) {
-        for (const double height : {300.0, 1400.0}) {
+        for (const double height : {Playground::LEAST_SIZE.height, 1400.0}) {
             SCOPED_TRACE(::testing::Message() << width << " x " << height);
             resize({width, height});
             const ui::Rect keys = playground.keyboard().view().frame();

@@ -20,7 +20,7 @@ namespace vorpel::cli {
 
 namespace {
 
-/// How far touches stray from the middle of a key, as a share of its size.
+/// How far touches stray from the middle of a key, as a share of its shorter side.
 constexpr double STRAY = 0.18;
 
 // Of the column of the text, in characters.
@@ -109,9 +109,10 @@ private:
     ui::Point aimAt(const ui::Rect& frame) {
         ui::Point point = frame.center();
         if (!strays_) return point;
-        std::normal_distribution<double> stray(0, STRAY);
-        point.x += stray(random_) * frame.width;
-        point.y += stray(random_) * frame.height;
+        // A finger strays no farther on a wide key.
+        std::normal_distribution<double> stray(0, STRAY * std::min(frame.width, frame.height));
+        point.x += stray(random_);
+        point.y += stray(random_);
         return point;
     }
 
