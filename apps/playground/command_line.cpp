@@ -28,6 +28,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
         ->check(CLI::PositiveNumber);
     app.add_flag("--times", options.tellsTimes,
                  "tell how long the first frame took, and each touch that typed");
+    app.add_flag("--print-text", options.printsText, "print what stands in the text field at the end");
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

@@ -14,6 +14,7 @@ struct Options {
     std::string themeFile;  ///< empty: the stored theme, if there is one
     bool isDark = false;
     bool tellsTimes = false;
+    bool printsText = false;  ///< the field's, when the window has been closed
     double quitAfter = 0;  ///< seconds; 0: when the window is closed
     WindowShape window;
 };

@@ -66,6 +66,7 @@ void runPlayground(const Options& options) {
         end = runLoop.scheduledTimer(options.quitAfter, false, [&window] { window.close(); });
     }
     window.run();
+    if (options.printsText) std::printf("%s\n", playground.field().text().c_str());
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ public:
     /// The widest that a keyboard is laid out; in a wider window it stands in the middle.
     static constexpr double GREATEST_WIDTH = 1024;
     /// The narrowest and lowest that everything finds room in.
-    static constexpr ui::Size LEAST_SIZE{320, 345};
+    static constexpr ui::Size LEAST_SIZE{320, 400};
 
     explicit Playground(const Services& services);
     ~Playground() override;
