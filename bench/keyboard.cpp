@@ -16,10 +16,13 @@
 #include <json/json.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -48,13 +51,28 @@ cli::StageShape largePhone() {
     return shape;
 }
 
+/// A word service that nobody would wait for.
+class SlowWords final : public WordService {
+public:
+    static constexpr auto DELAY = std::chrono::milliseconds(50);
+
+    WordAnswer suggest(const WordRequest& /*request*/) override {
+        std::this_thread::sleep_for(DELAY);
+        return {};
+    }
+    std::vector<std::string> predict(const std::string& /*previousWord*/) override {
+        std::this_thread::sleep_for(DELAY);
+        return {};
+    }
+};
+
 /// A keyboard on show, with all that it has painted before at hand.
 struct Shown {
-    cli::KeyboardStage stage{largePhone()};
+    explicit Shown(const cli::StageShape& shape = largePhone()) : stage(shape) { paint(); }
+
+    cli::KeyboardStage stage;
     ui::Bitmap bitmap = ui::Bitmap::covering(stage.size(), SCALE);
     ui::DrawingResources resources{SCALE};
-
-    Shown() { paint(); }
 
     void paint() { paintWindow(stage.window(), bitmap, resources); }
 
@@ -137,6 +155,42 @@ void measurePress(Figures& figures, Shown& shown) {
     });
 }
 
+/// From a finger's end to the words in the bar, with the built dictionary.
+void measureWords(Figures& figures) {
+    cli::StageShape shape = largePhone();
+    shape.hasBar = true;
+    Shown shown(shape);
+    ui::Window& window = shown.stage.window();
+    const std::string text = "the quick brown fox jumps over the lazy dog ";
+    std::size_t at = 0;
+    ui::Point key;
+    const auto down = [&] {
+        shown.stage.advance(0.2);
+        shown.paint();
+        const std::string letter(1, text[at++ % text.size()]);
+        key = middleOf(shown, letter == " " ? "space" : letter.c_str());
+        window.touchDown(1, key);
+    };
+    figures.measure("touch_to_words", down, [&] {
+        window.touchUp(1, key);
+        shown.stage.settle();
+    });
+}
+
+/// The field does not wait for words.
+void measureWithSlowWords(Figures& figures) {
+    cli::StageShape shape = largePhone();
+    shape.words = [] { return std::make_unique<SlowWords>(); };
+    Shown shown(shape);
+    ui::Window& window = shown.stage.window();
+    const ui::Point key = middleOf(shown, "e");
+    const auto down = [&] {
+        shown.stage.advance(0.2);
+        window.touchDown(1, key);
+    };
+    figures.measure("touch_to_text_with_slow_words", down, [&] { window.touchUp(1, key); });
+}
+
 }  // namespace
 
 int run(const Options& options) {
@@ -148,6 +202,8 @@ int run(const Options& options) {
     const double first = millisecondsOf([&] { shown = std::make_unique<Shown>(); });
     measureDrawing(figures, *shown);
     measurePress(figures, *shown);
+    measureWords(figures);
+    measureWithSlowWords(figures);
     figures.json()["start_to_first_frame"] = first;
     figures.json()["second_start_to_frame"] = millisecondsOf([] { const Shown again; });
     std::printf("%s", figures.json().toStyledString().c_str());

@@ -167,7 +167,8 @@ void addStageOptions(CLI::App& command, StageShape& stage) {
     command.add_flag("--pad", stage.isPad, "on a tablet");
     command.add_flag("--landscape", stage.isLandscape, "with the device held sideways");
     command.add_flag("--dark", stage.isDark, "in dark surroundings");
-    command.add_option("--theme", stage.themeFile, "a theme file; docs/formats/theme.md tells what stands in it");
+    command.add_option("--theme", stage.themeFile,
+                       "a theme file; docs/formats/theme.md tells what stands in it");
     command
         .add_option_function<std::string>(
             "--field", [&stage](const std::string& field) { stage.field = host::traitsOfField(field); },
@@ -196,11 +197,11 @@ void addRender(CLI::App& app, Action& action) {
 
 void addType(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<TypeArguments>();
-    CLI::App* command =
-        addCommand(app, action, "type", "Touch the keys of a text, and print the field and the bar after each",
-                   "Example: vorpel type --autocorrect on --jitter 7 'i dont knwo'\n"
-                   "An arrow names the word that the next blank puts in place of the typed one.",
-                   arguments, typeText);
+    CLI::App* command = addCommand(
+        app, action, "type", "Touch the keys of a text, and print the field and the bar after each",
+        "Example: vorpel type --autocorrect on --jitter 7 'i dont knwo'\n"
+        "An arrow names the word that the next blank puts in place of the typed one.",
+        arguments, typeText);
     addStageOptions(*command, arguments->stage);
     arguments->stage.hasBar = true;
     command
@@ -223,8 +224,8 @@ void addWords(CLI::App& app, Action& action) {
     words->footer("Example: vorpel words list");
     words->require_subcommand(1);
     auto arguments = std::make_shared<WordsArguments>();
-    addCommand(*words, action, "list", "One a line, the oldest first", "Example: vorpel words list", arguments,
-               listWords);
+    addCommand(*words, action, "list", "One a line, the oldest first", "Example: vorpel words list",
+               arguments, listWords);
     CLI::App* remove = addCommand(*words, action, "remove", "Forget words, all of them or none",
                                   "Example: vorpel words remove teh", arguments, removeWords);
     remove->add_option("WORD", arguments->words, "as `list` shows it")->required();

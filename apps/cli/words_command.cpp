@@ -58,7 +58,8 @@ int removeWords(const WordsArguments& arguments) {
     std::vector<std::string> lines = readLines(path);
     for (const std::string& word : arguments.words) {
         // Without all of them nothing is removed: one of them is perhaps misspelled.
-        if (std::erase(lines, word) == 0) throw std::runtime_error(path + ": \"" + word + "\" was not learnt");
+        if (std::erase(lines, word) == 0)
+            throw std::runtime_error(path + ": \"" + word + "\" was not learnt");
     }
     writeLines(path, lines);
     return 0;

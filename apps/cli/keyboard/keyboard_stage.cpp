@@ -31,13 +31,22 @@ platform::PlainScreen screenOf(const StageShape& shape) {
 
 }  // namespace
 
-/// Shows the bar only when asked to.
+/// Shows the bar only when asked to, and takes words from where it is told.
 class KeyboardStage::Controller final : public VorpelKeyboardViewController {
 public:
-    Controller(platform::Platform& platform, bool hasBar) : VorpelKeyboardViewController(platform, TypingOptions::all()) {
-        isBannerView = hasBar;
+    Controller(platform::Platform& platform, const StageShape& shape)
+        : VorpelKeyboardViewController(platform, TypingOptions::all()), words_(shape.words) {
+        isBannerView = shape.hasBar;
         setUp();
     }
+
+protected:
+    WordServiceFactory makeWordServiceFactory() override {
+        return words_ ? words_ : VorpelKeyboardViewController::makeWordServiceFactory();
+    }
+
+private:
+    WordServiceFactory words_;
 };
 
 KeyboardStage::KeyboardStage(const StageShape& shape)
@@ -62,7 +71,7 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
     platform::TextInputTraits traits = shape.field;
     if (shape.isDark) traits.keyboardAppearance = platform::KeyboardAppearance::Dark;
     host_.field.setTraits(traits);
-    controller_ = std::make_unique<Controller>(platform_, shape.hasBar);
+    controller_ = std::make_unique<Controller>(platform_, shape);
     if (!shape.themeFile.empty()) controller_->themeChangeAccordingly(host::readTheme(shape.themeFile));
     setHeights(shape);
     window_.setRoot(&controller_->view());

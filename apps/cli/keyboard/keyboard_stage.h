@@ -26,10 +26,11 @@ struct StageShape {
     bool isPad = false;
     bool isLandscape = false;
     bool isDark = false;
-    bool hasBar = false;    ///< the bar above the keys is on show
+    bool hasBar = false;  ///< the bar above the keys is on show
     bool autoCorrects = false;
     std::string themeFile;  ///< empty for the built-in look
     platform::TextInputTraits field;
+    WordServiceFactory words;  ///< in place of the language's own; empty for that
 };
 
 /// A keyboard before a text field, without a screen: time passes only when it is told to. Throws

@@ -73,7 +73,8 @@ private:
         // As the frame before the touch would have.
         stage_.window().layoutIfNeeded();
         for (ui::Button* const label : stage_.banner().wordLabels()) {
-            if (label->isHidden() || platform::lowercased(label->currentTitle()) != platform::lowercased(word)) {
+            if (label->isHidden() ||
+                platform::lowercased(label->currentTitle()) != platform::lowercased(word)) {
                 continue;
             }
             stage_.tap(label->bounds().offsetBy(label->convertToWindow({0, 0})).center());
