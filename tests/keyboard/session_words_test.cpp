@@ -3,6 +3,7 @@
 #include "keyboard/session/suggestion_labels.h"
 #include "keyboard/session/text_record.h"
 #include "keyboard/session/typing_policy.h"
+#include "platform/characters.h"
 #include "platform/plain_text_field.h"
 
 #include <gtest/gtest.h>
@@ -182,6 +183,26 @@ TEST(TextRecordTest, AFieldThatAnswersAtOnceIsBelieved) {
     EXPECT_EQ(record.tell({}, {}, 1), DIFFERENT) << "a message was sent";
     record.insert("ok", {}, "ok", 1);
     EXPECT_EQ(record.tell("o", {}, 1), DIFFERENT) << "a desk's keyboard deleted";
+}
+
+TEST(TextRecordTest, ALongTextIsKnownByItsEnd) {
+    TextRecord record;
+    std::string text;
+    record.take(text = std::string(10000, 'x') + " ", {});
+    for (int stroke = 0; stroke < 5000; ++stroke) {
+        const std::string letter = stroke % 5 == 4 ? " " : "ü";
+        record.insert(letter, KeyOffset{stroke * 1e-4, 0}, text += letter, stroke);
+        ASSERT_TRUE(text.ends_with(*record.before())) << stroke;
+        ASSERT_EQ(record.offsetsOf(letter).back()->x, stroke * 1e-4);
+    }
+    EXPECT_LT(record.before()->size(), 10000U);
+    EXPECT_TRUE(record.isSure(10));
+    EXPECT_EQ(record.tell(text, {}, 5000), KNOWN);
+    for (int stroke = 0; stroke < 4000; ++stroke) {
+        text = platform::withoutLastCharacter(text);
+        record.deleteBackward(text);
+        ASSERT_TRUE(text.ends_with(*record.before())) << stroke;
+    }
 }
 
 TEST(TextRecordTest, DeletingFollowsTheField) {

@@ -12,6 +12,14 @@ namespace {
 // In seconds.
 constexpr double LONGEST_DELAY = 2;
 
+// In bytes. No word reaches farther back, and every key costs a look at all of it.
+constexpr std::size_t LONGEST_TEXT = 2048;
+
+std::string lastPart(const std::string& text) {
+    if (text.size() <= LONGEST_TEXT) return text;
+    return text.substr(platform::characterBoundaryFrom(text, text.size() - LONGEST_TEXT));
+}
+
 bool beginsCodePoint(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
@@ -55,7 +63,7 @@ TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
         // It may also be that somebody took these letters away.
         sureFrom_ = typed_.size();
     } else if (answer.size() > typed_.size()) {
-        told_ = answer.substr(0, answer.size() - typed_.size());
+        told_ = lastPart(answer.substr(0, answer.size() - typed_.size()));
         sureFrom_ = 0;
         isAnswerSure_ = true;
     }
@@ -63,7 +71,7 @@ TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
 }
 
 void TextRecord::take(const std::optional<std::string>& before, const std::optional<std::string>& after) {
-    told_ = before;
+    told_ = before ? std::optional(lastPart(*before)) : std::nullopt;
     after_ = after;
     typed_.clear();
     strokes_.clear();
@@ -76,6 +84,17 @@ void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>&
     typed_ += text;
     strokes_.push_back({typed_.size(), offset, now});
     isPrompt_ = shows(answer);
+    if (typed_.size() > 2 * LONGEST_TEXT) forgetOldStrokes();
+}
+
+void TextRecord::forgetOldStrokes() {
+    const std::size_t size = platform::characterBoundaryFrom(typed_, typed_.size() - LONGEST_TEXT);
+    told_ = lastPart(typed_.substr(0, size));
+    isAnswerSure_ = isAnswerSure_ && sureFrom_ == 0;
+    sureFrom_ -= std::min(sureFrom_, size);
+    typed_.erase(0, size);
+    std::erase_if(strokes_, [size](const Stroke& stroke) { return stroke.end <= size; });
+    for (Stroke& stroke : strokes_) stroke.end -= size;
 }
 
 /// Whether the answer is, or ends in, what is known.
@@ -105,7 +124,7 @@ void TextRecord::deleteBackward(const std::optional<std::string>& answer) {
     }
     // A selection was deleted in place of the character, or the answer is late.
     const bool isLate = answer.value_or("") == old;
-    if (!isLate) told_ = answer;
+    if (!isLate) told_ = answer ? std::optional(lastPart(*answer)) : std::nullopt;
     isAnswerSure_ = !isLate;
 }
 

@@ -11,8 +11,8 @@
 
 namespace vorpel {
 
-/// What stands before the cursor, as far as the keyboard knows: what the field said when it last spoke up,
-/// and what was typed since. Fields answer late, in part or never, so what they say is weighed against what
+/// The last few thousand bytes before the cursor, as far as the keyboard knows: what the field said when it
+/// last spoke up, and what was typed since. Fields answer late, in part or never, so what they say is weighed against what
 /// was typed. UTF-8. Main thread only.
 class TextRecord {
 public:
@@ -52,6 +52,7 @@ private:
         double time = 0;
     };
 
+    void forgetOldStrokes();
     [[nodiscard]] bool shows(const std::optional<std::string>& answer) const;
     [[nodiscard]] bool mayBeLate(std::string_view answer, double now, std::size_t* missing) const;
 

@@ -131,7 +131,8 @@ void VPKeyboardViewController::showPopup(ui::Control& sender) {
 }
 
 std::string VPKeyboardViewController::searchText() const {
-    return textBeforeInput().value_or("") + textDocumentProxy().documentContextAfterInput().value_or("");
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    return field.documentContextBeforeInput().value_or("") + field.documentContextAfterInput().value_or("");
 }
 
 void VPKeyboardViewController::updateSearchString() {
