@@ -204,6 +204,7 @@ TEST_F(DamageTest, AsksForAFrameOnceAndAgainAfterItWasPainted) {
     root.setNeedsLayout();
     EXPECT_EQ(asked, 2) << "laying out takes a frame too";
     EXPECT_TRUE(frame().drawn.empty()) << "but paints nothing when nothing moves";
+    window.setDamageHandler(nullptr);
 }
 
 TEST_F(DamageTest, LaysOutBeforePaintingAndAgainWhenThatAsksForIt) {
