@@ -43,9 +43,10 @@ void runPlayground(const Options& options) {
     sdl.wake(runLoop);
     KeyClick click;
     platform::ThreadPool workQueue(2);
+    platform::ThreadPool saving(1);  // apart: what is typed waits for no disk
     platform::FileUserDefaults settings(
-        fileIn(platform::xdgConfigurationFolder("vorpel"), "preferences.json"), workQueue, report);
-    platform::LearnedWords words(fileIn(platform::xdgDataFolder("vorpel"), "words.txt"), workQueue, report);
+        fileIn(platform::xdgConfigurationFolder("vorpel"), "preferences.json"), saving, report);
+    platform::LearnedWords words(fileIn(platform::xdgDataFolder("vorpel"), "words.txt"), saving, report);
     if (!options.language.empty()) settings.setString(preferences::LANGUAGE, options.language);
     Playground playground(
         {.runLoop = runLoop,

@@ -125,7 +125,7 @@ TEST(AlternativesTest, OtherFingersTypeWhileTheRowIsOpen) {
     stage.touch("q");
     stage.up(1);
     EXPECT_EQ(stage.text(), "Tqè");
-    EXPECT_EQ(stage.platform.userDefaults.stringForKey(preferences::STRING_TO_SEND), "qè");
+    EXPECT_EQ(stage.platform.userDefaults.stringForKey(preferences::STRING_TO_SEND), "Tqè");
 }
 
 TEST(AlternativesTest, WhatEndsAHoldLeavesNothing) {

@@ -84,9 +84,7 @@ TEST(SessionTest, ThePlainClass) {
           {{Write, "tex", "tex | the - -"}, {TapLabel, "3", "tex | the - -"}}},
          {"backspace goes back into a word",
           false,
-          {{Write, "te ", "te  | - - -"},
-           {Write, "\b", "te | the ten tea"},
-           {Write, "\b\b", " | to - -"}}}},
+          {{Write, "te ", "te  | - - -"}, {Write, "\b", "te | the ten tea"}, {Write, "\b\b", " | to - -"}}}},
         nullptr);
 }
 
@@ -116,6 +114,9 @@ TEST(SessionTest, TheEmbeddedClass) {
           {"what is typed on to it may be corrected",
            true,
            {{Write, "teh \b", "teh | the ten tea"}, {Write, "n", "tehn | \"tehn\" then! ten"}}},
+          {"two blanks behind a word that was brought back end the sentence",
+           true,
+           {{Write, "teh \b  ", "teh.  | settings"}}},
           {"only right behind it",
            true,
            {{Write, "teh t", "the t | to the that"}, {Write, "\b\b", "the | - - -"}}},
@@ -135,7 +136,7 @@ TEST(SessionTest, TheEmbeddedClass) {
             {Write, " ", "  | settings"}}},
           {"an apostrophe is part of a word",
            false,
-           {{HostSets, "don'", "don' | settings"}, {Write, "t", "don't | don't know - -"}}}},
+           {{HostSets, "don'", "don' | - - -"}, {Write, "t", "don't | don't know - -"}}}},
          &ALL_OPTIONS);
 }
 
@@ -178,6 +179,29 @@ TEST(SessionTest, APrivateFieldLeavesNoTrace) {
     EXPECT_TRUE(stage.platform.textChecker.words.empty());
 }
 
+TEST(SessionTest, SecretsAreTypedAsTheyAre) {
+    SessionStage stage(english(), &ALL_OPTIONS);
+    platform::TextInputTraits traits;
+    traits.isSecureTextEntry = true;
+    stage.field().setTraits(traits);
+    stage.hostSets("x");
+    stage.write("  y");
+    EXPECT_EQ(stage.text(), "x  y");
+}
+
+TEST(SessionTest, AHeldBackspaceGoesOnBehindACorrectionThatItTookBack) {
+    SessionStage stage(english(), &ALL_OPTIONS);
+    stage.correct(true);
+    stage.write("teh ");
+    stage.advance(0.5);
+    stage.down(1, "backspace");
+    EXPECT_EQ(stage.text(), "teh");
+    stage.advance(0.58);
+    stage.up(1);
+    EXPECT_EQ(stage.text(), "te");
+    stage.platform.settle();
+}
+
 TEST(SessionTest, TapsTeachWords) {
     struct Row {
         bool corrects;
@@ -193,6 +217,9 @@ TEST(SessionTest, TapsTeachWords) {
         stage.write(row.typed);
         stage.tapLabel(row.label);
         EXPECT_EQ(stage.platform.textChecker.words, row.learned) << row.typed << row.label;
+        // What was kept once is not corrected again.
+        if (row.corrects) stage.write("teh");
+        EXPECT_EQ(stage.session().correctionPending(), row.corrects && row.label != 1);
     }
 }
 
@@ -263,6 +290,13 @@ TEST(SessionTest, TheKeyboardsOwnFieldTakesTheInput) {
     stage.controller->restoreInput();
     stage.write("x");
     EXPECT_EQ(stage.text(), "outsidex");
+    {
+        TextInputView gone({0, 0, 320, 40});
+        stage.controller->openKeyboard(&gone);
+        stage.write("y");
+    }
+    stage.write("z");
+    EXPECT_EQ(stage.text(), "outsidex") << "its field is gone, and the host has not taken the input back";
 }
 
 TEST(SessionTest, ArabicIsSuggestedAndNeverReplacedUnasked) {

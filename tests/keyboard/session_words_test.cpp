@@ -30,7 +30,8 @@ TEST(SessionWordsTest, SentencesAreSplit) {
         {"a×b", {"b", "a"}, {"b", "a"}},
         {"I don't", {"t", "don"}, {"don't", "I"}},
         {"'tis", {"tis", ""}, {"tis", ""}},
-        {"say 'no'", {"", "no"}, {"", "no"}},
+        {"say 'no'", {"", "no"}, {"no'", "say"}},
+        {"«oui – no", {"no", "–"}, {"no", "oui"}},
         {"one\ntwo", {"one\ntwo", ""}, {"two", ""}},
         {"نعم، لا", {"لا", "نعم،"}, {"لا", "نعم"}},
         {"كيف؟", {"كيف؟", ""}, {"", ""}},
@@ -90,8 +91,8 @@ TEST(SessionWordsTest, CapitalsAreFollowed) {
         const char* plain;
         const char* natural;
     };
-    const Row rows[] = {{"te", "ice", "ice"}, {"Te", "Ice", "Ice"}, {"TE", "ICE", "ICE"},
-                        {"I", "ICE", "Ice"},  {"12", "ICE", "ice"}, {"Ést", "Ice", "Ice"}};
+    const Row rows[] = {{"te", "ice", "ice"}, {"Te", "Ice", "Ice"}, {"TE", "ICE", "ICE"}, {"I", "ICE", "Ice"},
+                        {"B2", "ICE", "Ice"}, {"12", "ICE", "ice"}, {"Ést", "Ice", "Ice"}};
     for (const Row& row : rows) {
         EXPECT_EQ(caseOf(row.word).applyTo("ice"), row.plain) << row.word;
         EXPECT_EQ(naturalCaseOf(row.word).applyTo("ice"), row.natural) << row.word;
@@ -185,6 +186,25 @@ TEST(TextRecordTest, AFieldThatAnswersAtOnceIsBelieved) {
     EXPECT_EQ(record.tell("o", {}, 1), DIFFERENT) << "a desk's keyboard deleted";
 }
 
+TEST(TextRecordTest, ALateFieldIsNotBelievedOfACursor) {
+    TextRecord record;
+    record.take("wor", "ld");
+    record.moveCursor(-1, "wor", "ld");
+    EXPECT_EQ(record.before(), "wo");
+    EXPECT_FALSE(record.isSure(2));
+    record.take("wor", "ld");
+    record.moveCursor(-1, "wo", "rld");
+    EXPECT_TRUE(record.isSure(2));
+}
+
+TEST(TextRecordTest, LettersThatTheFieldRefusesAreInDoubt) {
+    TextRecord record;
+    record.take({}, {});
+    record.insert("a", {}, "a", 1);
+    record.insert("b", {}, "a", 1);
+    EXPECT_FALSE(record.isSure(2));
+}
+
 TEST(TextRecordTest, ALongTextIsKnownByItsEnd) {
     TextRecord record;
     std::string text;
@@ -215,11 +235,20 @@ TEST(TextRecordTest, DeletingFollowsTheField) {
     EXPECT_EQ(record.offsetsOf("bل\u064E")[2]->x, 0.2);
     record.deleteBackward("ab");
     EXPECT_EQ(record.before(), "ab") << "a letter goes with its mark";
+    record.take("ab", {});
     record.deleteBackward("a");
     EXPECT_EQ(record.before(), "a");
     EXPECT_TRUE(record.isSure(1));
     record.deleteBackward("a");
     EXPECT_FALSE(record.isSure(1)) << "a late answer, or a selection";
+    record.deleteBackward("a");
+    EXPECT_FALSE(record.isSure(1)) << "still late";
+    EXPECT_EQ(record.before(), "");
+    std::string text;
+    for (int word = 0; word < 1000; ++word) text += " " + std::to_string(word);
+    record.take(text, {});
+    record.deleteBackward(text);
+    EXPECT_FALSE(record.isSure(1)) << "late, however long the text";
     record.take("one two", {});
     record.deleteBackward("one");
     EXPECT_EQ(record.before(), "one") << "a selection was deleted";

@@ -134,6 +134,11 @@ private:
         if (key.type == KeyType::Backspace) pressedBackspace_.reset();
         if (key.type == KeyType::adjust_Left && cursor > 0) --cursor;
         if (key.type == KeyType::adjust_Right && cursor < text.size()) ++cursor;
+        const bool movesCursor = key.type == KeyType::adjust_Left || key.type == KeyType::adjust_Right;
+        if (isEmbedded_ && movesCursor) {
+            moveShift();
+            isAfterBlank_ = false;
+        }
         if (key.type == KeyType::dismiss_Self) ++dismissals;
         if (key.type == KeyType::KeyboardChange) {
             ++globes;

@@ -65,7 +65,7 @@ void VPSuggestionsBanner::wordLabelTapped(ui::Button& sender) {
 }
 
 void VPSuggestionsBanner::learn(const std::string& word, int tag) {
-    if (!parts_.textChecker || !learns_) return;
+    if (!parts_.textChecker || (mayLearn && !mayLearn())) return;
     const bool isKept = tag == 1 && parts_.userDefaults.boolForKey(preferences::kAutoCorrection);
     if (isKept || tag == 2) parts_.textChecker->learnWord(word);
 }
@@ -119,6 +119,7 @@ void VPSuggestionsBanner::addCreateStickerButton() {
     addSubview(border12);
     addSubview(border23);
     addSubview(keyboardButton);
+    if (holdsSuggestionView()) bringSubviewToFront(*suggestionView);
     setNeedsLayout();
 }
 
@@ -130,14 +131,19 @@ void VPSuggestionsBanner::setSuggestionView(ui::View& view) {
     setNeedsLayout();
 }
 
+/// A host's view that was destroyed has left the tree, and only its address is left here.
+bool VPSuggestionsBanner::holdsSuggestionView() const {
+    const auto views = subviews();
+    return isSuggestionView && std::ranges::find(views, suggestionView) != views.end();
+}
+
 void VPSuggestionsBanner::layoutSubviews() {
     const auto [width, height] = bounds().size();
     const double buttonHeight = height - 2 * BUTTON_MARGIN;
     settingsButton.setFrame({BUTTON_MARGIN, BUTTON_MARGIN, BUTTON_WIDTH, buttonHeight});
-    keyboardButton.setFrame({width - BUTTON_WIDTH - BUTTON_MARGIN, BUTTON_MARGIN, BUTTON_WIDTH, buttonHeight});
-    // A host's view that was destroyed has left the tree, and only its address is left here.
-    const auto views = subviews();
-    if (isSuggestionView && std::ranges::find(views, suggestionView) != views.end()) {
+    keyboardButton.setFrame(
+        {width - BUTTON_WIDTH - BUTTON_MARGIN, BUTTON_MARGIN, BUTTON_WIDTH, buttonHeight});
+    if (holdsSuggestionView()) {
         suggestionView->setFrame(bounds());
         for (ui::Button* const label : wordLabels()) label->setFrame({});
         border12.setFrame({});

@@ -9,6 +9,7 @@
 #include "ui/button.h"
 
 #include <array>
+#include <functional>
 #include <string>
 
 namespace vorpel {
@@ -32,8 +33,8 @@ public:
     ui::Button wordLabel_1;
     ui::Button wordLabel_2;
     ui::Button wordLabel_3;
-    bool isSuggestionView = false;         ///< a host's view stands in place of the labels
-    ui::View* suggestionView = nullptr;    ///< that view
+    bool isSuggestionView = false;       ///< a host's view stands in place of the labels
+    ui::View* suggestionView = nullptr;  ///< that view
     ui::Color buttonBackgroundColor = ui::Color::rgb(0.7255, 0.7451, 0.7686);
     ui::Color KSelectedColor;
     VPSuggestionsBannerDelegate* delegate = nullptr;
@@ -59,8 +60,8 @@ public:
     /// The second label is what the typed word is about to become.
     void markCorrection(bool pending);
 
-    /// Nothing that is tapped is learnt while this is off, as in a private field.
-    void setLearns(bool learns) { learns_ = learns; }
+    /// Asked before a tapped word is learnt; without it every one may be.
+    std::function<bool()> mayLearn;
 
     [[nodiscard]] std::array<ui::Button*, 3> wordLabels() {
         return {&wordLabel_1, &wordLabel_2, &wordLabel_3};
@@ -72,6 +73,7 @@ private:
     void setUpLabel(ui::Button& label, int tag);
     void setUpButton(ui::Button& button, const char* image);
     void toggle(ui::Button& sender);
+    [[nodiscard]] bool holdsSuggestionView() const;
     void applyColors();
     [[nodiscard]] ui::Color restingGround() const;
     [[nodiscard]] ui::Color selectedGround() const;
@@ -80,7 +82,6 @@ private:
     void learn(const std::string& word, int tag);
 
     BannerParts parts_;
-    bool learns_ = true;
     bool correctionPending_ = false;
 };
 

@@ -159,7 +159,7 @@ void KeyboardViewController::stackViews() {
         y += metric("topBanner");
     }
     ForwardingView& keys = *plane().forwardingView;
-    keys.setHidden(!isForwordView);
+    keys.setHidden(keysAreHidden());
     keys.setFrame({0, y, width, keys.frame().height});
     if (settingsView_) settingsView_->setFrame(keys.frame());
     view_.bringSubviewToFront(*plane().popupLayer);

@@ -226,6 +226,7 @@ protected:
 
     [[nodiscard]] platform::TextDocumentProxy& textDocumentProxy() const;
     [[nodiscard]] bool isPad() const;
+    [[nodiscard]] virtual bool keysAreHidden() const { return !isForwordView; }
 
     // All that the keyboard itself does to the host's text and reads of it goes through these.
     virtual void insertText(const std::string& text);

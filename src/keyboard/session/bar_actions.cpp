@@ -12,6 +12,7 @@ std::unique_ptr<ExtraView> VPKeyboardViewController::createBanner() {
         globalColors(), darkMode(), solidColorMode(),
         BannerParts{platform().bundle, platform().userDefaults, platform().textChecker});
     banner->delegate = this;
+    banner->mayLearn = [this] { return typingPolicy().stores; };
     return banner;
 }
 
@@ -30,10 +31,14 @@ void VPKeyboardViewController::toggleSettingsView(bool shown) {
 void VPKeyboardViewController::toggleSettings(bool hide) {
     KeyboardViewController::toggleSettings(hide);
     if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->settingsToggled(settingsOnShow());
+    // What may be suggested and corrected may be another by now.
+    if (hide) checkTheCurrentWord(NO_TOUCH_POINT);
 }
 
 void VPKeyboardViewController::wordTapped(const std::string& word, int /*tag*/) {
     readInputMode();
+    // It was shown before the field became one that shows none.
+    if (!typingPolicy().suggests) return checkTheCurrentWord(NO_TOUCH_POINT);
     const std::string current = getCurrentWord();
     if (typingPolicy().stores) {
         if (inputDelegate) inputDelegate->wordCommitted(word);
@@ -45,6 +50,7 @@ void VPKeyboardViewController::wordTapped(const std::string& word, int /*tag*/) 
         banner->wordLabel_3.setTitle("");
     }
     autoCorrectCurrentSession = false;
+    dropAnswers();
     setBannerWordButtonColors(false);
     for (std::size_t left = platform::characterCount(current); left > 0; --left) deleteCharacter();
     insertWordForFont(word);

@@ -14,7 +14,9 @@ constexpr std::array<std::string_view, 40> newWordTriggers = {
     " ", ".", ",", "?", "/", "!",  ";", ":", "-", "\"", "(", ")", "#", "@", "$", "+", "_", "<", ">", "&",
     "[", "]", "{", "}", "|", "\\", "*", "^", "×", "$",  "€", "¥", "=", "₹", "÷", "•", "'", "%", "~", "£"};
 
-constexpr std::array<std::string_view, 7> NATURAL_TRIGGERS = {"\n", "\r", "\t", "،", "؛", "؟", "٪"};
+constexpr std::array<std::string_view, 21> NATURAL_TRIGGERS = {"\n", "\r", "\t", "،", "؛", "؟", "٪",
+                                                               "“",  "”",  "„",  "«", "»", "‹", "›",
+                                                               "‘",  "–",  "—",  "…", "¿", "¡", "\u00A0"};
 
 // The first word of a sentence follows from no other.
 constexpr std::array<std::string_view, 6> SENTENCE_ENDS = {".", "!", "?", "؟", "\n", "\r"};
@@ -31,13 +33,14 @@ bool isLetterByte(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || static_cast<signed char>(byte) < 0;
 }
 
-bool isBetweenLetters(std::string_view text, std::size_t at) {
-    return at > 0 && at + 1 < text.size() && isLetterByte(text[at - 1]) && isLetterByte(text[at + 1]);
+/// At the end of the text another letter may follow.
+bool joinsLetters(std::string_view text, std::size_t at) {
+    return at > 0 && isLetterByte(text[at - 1]) && (at + 1 == text.size() || isLetterByte(text[at + 1]));
 }
 
 std::size_t lastApostropheOutsideWords(std::string_view text) {
     std::size_t at = text.rfind(APOSTROPHE);
-    while (at != std::string_view::npos && isBetweenLetters(text, at)) {
+    while (at != std::string_view::npos && joinsLetters(text, at)) {
         at = text.substr(0, at).rfind(APOSTROPHE);
     }
     return at;
@@ -50,8 +53,8 @@ std::optional<Separator> lastSeparator(std::string_view text, WordSplitting spli
     };
     const bool isNatural = splitting == WordSplitting::Natural;
     for (const std::string_view trigger : newWordTriggers) {
-        const bool joinsLetters = isNatural && trigger == APOSTROPHE;
-        take(joinsLetters ? lastApostropheOutsideWords(text) : text.rfind(trigger), trigger);
+        const bool mayJoin = isNatural && trigger == APOSTROPHE;
+        take(mayJoin ? lastApostropheOutsideWords(text) : text.rfind(trigger), trigger);
     }
     if (!isNatural) return last;
     for (const std::string_view trigger : NATURAL_TRIGGERS) take(text.rfind(trigger), trigger);

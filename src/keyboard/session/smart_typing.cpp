@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "keyboard/model/preference_keys.h"
 #include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "platform/characters.h"
 
@@ -14,8 +15,8 @@ namespace vorpel {
 namespace {
 
 // Signs that stand right behind a word.
-constexpr std::array<std::string_view, 13> CLOSING_SIGNS = {".", ",", "?", "!", ";", ":", ")",
-                                                            "]", "}", "…", "،", "؛", "؟"};
+constexpr std::array<std::string_view, 16> CLOSING_SIGNS = {".", ",", "?", "!", ";", ":", ")", "]",
+                                                            "}", "…", "،", "؛", "؟", "”", "»", "›"};
 
 // So many words are left alone at a time.
 constexpr std::size_t MOST_KEPT_WORDS = 16;
@@ -26,13 +27,18 @@ constexpr double FARTHEST_TOUCH = 0.3;
 }  // namespace
 
 void VorpelKeyboardViewController::insertText(const std::string& text) {
+    isTyping_ = true;
     VPKeyboardViewController::insertText(text);
+    isTyping_ = false;
+    if (!typingPolicy().stores) pressedOffset_.reset();
     record_.insert(text, std::exchange(pressedOffset_, std::nullopt),
                    textDocumentProxy().documentContextBeforeInput(), platform().runLoop.now());
 }
 
 void VorpelKeyboardViewController::deleteBackward() {
+    isTyping_ = true;
     VPKeyboardViewController::deleteBackward();
+    isTyping_ = false;
     record_.deleteBackward(textDocumentProxy().documentContextBeforeInput());
 }
 
@@ -41,42 +47,52 @@ std::optional<std::string> VorpelKeyboardViewController::textBeforeInput() const
 }
 
 void VorpelKeyboardViewController::readField() {
+    // Some fields tell of our own strokes too.
+    if (isTyping_) return;
     const platform::TextDocumentProxy& field = textDocumentProxy();
     const auto told = record_.tell(field.documentContextBeforeInput(), field.documentContextAfterInput(),
                                    platform().runLoop.now());
     if (told == TextRecord::Told::Different) beginElsewhere();
 }
 
-/// The cursor was moved by the keyboard itself.
-void VorpelKeyboardViewController::rereadField() {
+/// The keyboard itself has moved the cursor.
+void VorpelKeyboardViewController::cursorMoved(int characters) {
     const platform::TextDocumentProxy& field = textDocumentProxy();
-    record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    record_.moveCursor(characters, field.documentContextBeforeInput(), field.documentContextAfterInput());
     beginElsewhere();
+    contextChanged();
 }
 
 /// What was on its way belongs to the place where the cursor was.
 void VorpelKeyboardViewController::beginElsewhere() {
     forgetCorrection();
     autoCorrectCurrentSession = false;
-    keptWords_.clear();
+    dropAnswers();
+    platform::UserDefaults& defaults = platform().userDefaults;
+    if (defaults.stringForKey(preferences::STRING_TO_SEND).value_or("") != "") {
+        defaults.setString(preferences::STRING_TO_SEND, "");
+    }
     checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+void VorpelKeyboardViewController::inputChanged() {
+    forgetCorrection();
+    VPKeyboardViewController::inputChanged();
 }
 
 void VorpelKeyboardViewController::shiftTheCursorLeft() {
     VPKeyboardViewController::shiftTheCursorLeft();
-    rereadField();
+    cursorMoved(-1);
 }
 
 void VorpelKeyboardViewController::shiftTheCursorRight() {
     VPKeyboardViewController::shiftTheCursorRight();
-    rereadField();
+    cursorMoved(1);
 }
 
 void VorpelKeyboardViewController::textDidChange() {
     readField();
     VPKeyboardViewController::textDidChange();
-    // The words of one field are not shown at another.
-    if (!typingPolicy().suggests) checkTheCurrentWord(NO_TOUCH_POINT);
     followOffer();
 }
 
@@ -144,6 +160,9 @@ void VorpelKeyboardViewController::handleAutoPeriod(const Key& key) {
 }
 
 bool VorpelKeyboardViewController::mayCorrect(const std::string& word) const {
+    const platform::TextChecker* const checker = platform().textChecker;
+    // A word that was kept by hand once is a word; a closing quotation mark is no slip.
+    if ((checker && checker->hasLearnedWord(word)) || word.ends_with('\'')) return false;
     const std::string text = sentence().value_or("");
     return std::ranges::none_of(keptWords_, [&](const KeptWord& kept) {
         return kept.word == word && text == kept.textBefore + word;
@@ -168,6 +187,7 @@ void VorpelKeyboardViewController::deleteAndEnterWord(const std::string& word,
     VPKeyboardViewController::deleteAndEnterWord(word, correctword);
     if (word.empty() || correctword.empty()) return;
     autoCorrectCurrentSession = false;
+    replaceKeptLetters(word, correctword);
     lastCorrection_ = Correction{word, correctword + (options_.smartSpacing ? "" : " ")};
 }
 
@@ -196,9 +216,20 @@ void VorpelKeyboardViewController::backspaceDown(ui::Control& sender) {
         return;
     }
     cancelBackspaceTimers();
-    setCapsIfNeeded();
+    contextChanged();
     updateSearchString();
     checkTheCurrentWord(NO_TOUCH_POINT);
+    backspaceDelayTimer =
+        platform().runLoop.scheduledTimer(backspaceDelay, false, [this] { backspaceDelayCallback(); });
+}
+
+/// The host hears of the word that stands there, not of the slip.
+void VorpelKeyboardViewController::replaceKeptLetters(const std::string& letters, const std::string& word) {
+    if (!typingPolicy().stores) return;
+    platform::UserDefaults& defaults = platform().userDefaults;
+    const std::string kept = defaults.stringForKey(preferences::STRING_TO_SEND).value_or("");
+    if (!kept.ends_with(letters)) return;
+    defaults.setString(preferences::STRING_TO_SEND, kept.substr(0, kept.size() - letters.size()) + word);
 }
 
 bool VorpelKeyboardViewController::undoCorrection() {
@@ -212,6 +243,7 @@ bool VorpelKeyboardViewController::undoCorrection() {
     if (keptWords_.size() == MOST_KEPT_WORDS) keptWords_.erase(keptWords_.begin());
     keptWords_.push_back({correction->typed, sentence().value_or("")});
     enterText(correction->typed);
+    replaceKeptLetters("", correction->typed);
     return true;
 }
 

@@ -51,8 +51,8 @@ void VPKeyboardViewController::onMainThread(Block block) const {
 
 std::optional<std::string> VPKeyboardViewController::sentence() const {
     if (!KTextInputMode) return textBeforeInput();
-    if (!currentActiveInputView) return std::nullopt;
-    return currentActiveInputView->text();
+    const TextInputView* const own = currentActiveInputView();
+    return own ? std::optional(own->text()) : std::nullopt;
 }
 
 void VPKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
@@ -77,7 +77,7 @@ void VPKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
 void VPKeyboardViewController::takeSplitSentence(unsigned check, const std::optional<std::string>& text,
                                                  const SentenceWords& words, ui::Point touchPoint) {
     // Threads of the queue may overtake each other.
-    if (check < lastCheck_) return;
+    if (check < lastCheck_ || !typingPolicy().suggests) return;
     lastCheck_ = check;
     const platform::UserDefaults& defaults = platform().userDefaults;
     if (!defaults.boolForKey(preferences::kWordSuggestions) || !text) {
@@ -145,7 +145,7 @@ void VPKeyboardViewController::predictWordsFor(const std::string& /*word*/, cons
             askService(*slot, [&](WordService& service) { words = service.predict(prevWord); });
         }
         onMainThread([this, request, words = std::move(words)] {
-            if (request > cleared_) showPredictions(words);
+            if (request > cleared_ && typingPolicy().suggests) showPredictions(words);
         });
     });
 }
@@ -190,7 +190,7 @@ void VPKeyboardViewController::suggestWordsFor(const std::string& word, const st
         }
         answer.isCorrecting = defaults.boolForKey(preferences::kAutoCorrection);
         onMainThread([this, request, word = asked.word, titles = labelsFor(std::move(answer), plan)] {
-            if (request > cleared_) showAnswer(word, titles);
+            if (request > cleared_ && typingPolicy().suggests) showAnswer(word, titles);
         });
     });
 }

@@ -38,7 +38,7 @@ std::vector<std::string> titlesOf(const AnsweredWord& answer, LabelPlan plan) {
     std::vector<std::string> titles;
     for (const std::string& word : answer.words) {
         std::string title = answer.wordCase.applyTo(word);
-        const bool isNew = std::ranges::find(titles, title) == titles.end();
+        const bool isNew = title != answer.typed && std::ranges::find(titles, title) == titles.end();
         if (plan == LabelPlan::Fixed || isNew) titles.push_back(std::move(title));
     }
     return titles;

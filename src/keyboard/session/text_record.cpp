@@ -4,6 +4,7 @@
 #include "platform/characters.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorpel {
 
@@ -22,6 +23,13 @@ std::string lastPart(const std::string& text) {
 
 bool beginsCodePoint(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+/// The text goes on behind the part, by no more than a few characters.
+bool holdsAtItsEnd(std::string_view text, std::string_view part) {
+    constexpr std::size_t MOST_BEHIND = 64;
+    const std::size_t at = part.empty() ? 0 : text.rfind(part);
+    return at != std::string_view::npos && text.size() - at - part.size() <= MOST_BEHIND;
 }
 
 bool agree(std::string_view a, std::string_view b) {
@@ -54,7 +62,7 @@ TextRecord::Told TextRecord::tell(const std::optional<std::string>& before,
     const bool isKnown =
         !typed_.empty() && after.value_or("") == after_.value_or("") && mayBeLate(answer, now, &missing);
     if (!isKnown) {
-        const bool same = typed_.empty() && before.value_or("") == told_.value_or("") &&
+        const bool same = typed_.empty() && lastPart(answer) == told_.value_or("") &&
                           after.value_or("") == after_.value_or("");
         take(before, after);
         return same ? Told::Known : Told::Different;
@@ -77,13 +85,16 @@ void TextRecord::take(const std::optional<std::string>& before, const std::optio
     strokes_.clear();
     sureFrom_ = 0;
     isAnswerSure_ = true;
+    isPrompt_ = false;
 }
 
 void TextRecord::insert(const std::string& text, const std::optional<KeyOffset>& offset,
                         const std::optional<std::string>& answer, double now) {
     typed_ += text;
     strokes_.push_back({typed_.size(), offset, now});
-    isPrompt_ = shows(answer);
+    const bool wasPrompt = std::exchange(isPrompt_, shows(answer));
+    // A field that takes no more letters, or not these.
+    if (wasPrompt && !isPrompt_) sureFrom_ = typed_.size();
     if (typed_.size() > 2 * LONGEST_TEXT) forgetOldStrokes();
 }
 
@@ -116,16 +127,37 @@ void TextRecord::deleteBackward(const std::optional<std::string>& answer) {
         isPrompt_ = shows(answer);
         return;
     }
+    deleteTold(answer);
+}
+
+/// A field that is late still shows what is gone; one that shows less has lost a selection too, or holds
+/// another text.
+void TextRecord::deleteTold(const std::optional<std::string>& answer) {
     const std::string old = told_.value_or("");
-    told_ = platform::withoutLastCharacter(old);
-    if (answer.value_or("") == *told_) {
-        if (!answer) told_.reset();
-        return;
+    const std::string left = platform::withoutLastCharacter(old);
+    const std::string text = lastPart(answer.value_or(""));
+    if (left.empty() || text.empty() ? left == text : agree(left, text)) {
+        told_ = answer ? std::optional(left) : std::nullopt;
+        isAnswerSure_ = true;
+    } else if (isPrompt_ && text == old) {
+        isAnswerSure_ = true;  // a selection went in place of the character
+    } else if (holdsAtItsEnd(text, left)) {
+        told_ = left;
+        isAnswerSure_ = false;
+    } else {
+        told_ = text;
+        isAnswerSure_ = true;
     }
-    // A selection was deleted in place of the character, or the answer is late.
-    const bool isLate = answer.value_or("") == old;
-    if (!isLate) told_ = answer ? std::optional(lastPart(*answer)) : std::nullopt;
-    isAnswerSure_ = !isLate;
+}
+
+void TextRecord::moveCursor(int characters, const std::optional<std::string>& before,
+                            const std::optional<std::string>& after) {
+    const std::string old = this->before().value_or("");
+    take(before, after);
+    if (old.empty() || lastPart(before.value_or("")) != lastPart(old)) return;
+    // At the end of the text, or the answer is late.
+    if (characters < 0) told_ = platform::withoutLastCharacter(lastPart(old));
+    isAnswerSure_ = false;
 }
 
 std::optional<std::string> TextRecord::before() const {

@@ -12,8 +12,8 @@
 namespace vorpel {
 
 /// The last few thousand bytes before the cursor, as far as the keyboard knows: what the field said when it
-/// last spoke up, and what was typed since. Fields answer late, in part or never, so what they say is weighed against what
-/// was typed. UTF-8. Main thread only.
+/// last spoke up, and what was typed since. Fields answer late, in part or never, so what they say is weighed
+/// against what was typed. UTF-8. Main thread only.
 class TextRecord {
 public:
     enum class Told {
@@ -36,6 +36,11 @@ public:
     /// The character before the cursor, or the selection, is gone.
     void deleteBackward(const std::optional<std::string>& answer);
 
+    /// The keyboard has asked the field to move its cursor by so many characters, and this is what it says
+    /// now.
+    void moveCursor(int characters, const std::optional<std::string>& before,
+                    const std::optional<std::string>& after);
+
     /// Nothing when nothing is known.
     [[nodiscard]] std::optional<std::string> before() const;
 
@@ -52,6 +57,7 @@ private:
         double time = 0;
     };
 
+    void deleteTold(const std::optional<std::string>& answer);
     void forgetOldStrokes();
     [[nodiscard]] bool shows(const std::optional<std::string>& answer) const;
     [[nodiscard]] bool mayBeLate(std::string_view answer, double now, std::size_t* missing) const;

@@ -27,16 +27,16 @@ void VPKeyboardViewController::readInputMode() {
 void VPKeyboardViewController::enterText(const std::string& text) {
     if (!KTextInputMode) {
         insertText(text);
-    } else if (currentActiveInputView) {
-        currentActiveInputView->insertText(text);
+    } else if (TextInputView* const own = currentActiveInputView()) {
+        own->insertText(text);
     }
 }
 
 void VPKeyboardViewController::deleteCharacter() {
     if (!KTextInputMode) {
         deleteBackward();
-    } else if (currentActiveInputView) {
-        currentActiveInputView->deleteBackward();
+    } else if (TextInputView* const own = currentActiveInputView()) {
+        own->deleteBackward();
     }
 }
 
@@ -55,7 +55,7 @@ void VPKeyboardViewController::keyPressed(const Key& key, double /*firstDate*/, 
         pressOther(output, position);
         return;
     }
-    if (textBeforeInput()) {
+    if (textBeforeInput() || keepsEveryLetter()) {
         keepLetters(output);
         commitKeptWord(true);
     }
@@ -65,6 +65,9 @@ void VPKeyboardViewController::keyPressed(const Key& key, double /*firstDate*/, 
         checkTheCurrentWord(position);
     }
     commitKeptWord(true);
+    if (!typingPolicy().stores) return;
+    const auto kept = platform().userDefaults.stringForKey(preferences::STRING_TO_SEND);
+    wordengine::Diagnostics::print("keypress last %s\n", kept.value_or("").c_str());
 }
 
 /// A space or a return: the word is finished.
@@ -94,8 +97,9 @@ void VPKeyboardViewController::commitKeptWord(bool atSeparatorOnly) {
 }
 
 void VPKeyboardViewController::handleAutoPeriod(const Key& key) {
-    // The host's text is not what was typed into.
-    if (!KTextInputMode) KeyboardViewController::handleAutoPeriod(key);
+    // The host's text is not what was typed into; and a secret is what was typed.
+    if (KTextInputMode || !typingPolicy().stores) return;
+    KeyboardViewController::handleAutoPeriod(key);
 }
 
 void VPKeyboardViewController::backspaceDown(ui::Control& /*sender*/) {

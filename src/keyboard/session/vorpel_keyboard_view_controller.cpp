@@ -13,6 +13,14 @@ std::unique_ptr<VorpelKeyboardViewController> VorpelKeyboardViewController::crea
     return controller;
 }
 
+void VorpelKeyboardViewController::viewWillAppear() {
+    VPKeyboardViewController::viewWillAppear();
+    // It may have been away from another field.
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    forgetCorrection();
+}
+
 void VorpelKeyboardViewController::viewDidLoad() {
     VPKeyboardViewController::viewDidLoad();
     const platform::TextDocumentProxy& field = textDocumentProxy();

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] const TypingOptions& options() const { return options_; }
 
     void viewDidLoad() override;
+    void viewWillAppear() override;
     void viewDidLayoutSubviews() override;
     void keyPressedHelper(ui::Control& sender) override;
     void setupKeys() override;
@@ -60,6 +61,7 @@ protected:
 
     std::unique_ptr<ForwardingView> makeForwardingView() override;
     void selectPageForField() override;
+    void inputChanged() override;
     void insertText(const std::string& text) override;
     void deleteBackward() override;
     [[nodiscard]] std::optional<std::string> textBeforeInput() const override;
@@ -69,6 +71,7 @@ protected:
     [[nodiscard]] LabelPlan labelPlan() const override;
     [[nodiscard]] WordCase wordCaseOf(const std::string& word) const override;
     [[nodiscard]] std::vector<std::optional<KeyOffset>> keyOffsetsFor(const std::string& word) const override;
+    [[nodiscard]] bool keepsEveryLetter() const override { return true; }
     [[nodiscard]] bool mayCorrect(const std::string& word) const override;
     void showAnswer(const std::string& word, LabelTitles titles) override;
 
@@ -92,7 +95,8 @@ private:
     void followOffer();
 
     void readField();
-    void rereadField();
+    void cursorMoved(int characters);
+    void replaceKeptLetters(const std::string& letters, const std::string& word);
     void beginElsewhere();
     void forgetCorrection();
     [[nodiscard]] bool isSureOf(const std::string& word) const;
@@ -110,6 +114,7 @@ private:
     std::vector<KeptWord> keptWords_;           // whose corrections were taken back
     Blank blank_ = Blank::Typed;
     bool isCorrecting_ = false;
+    bool isTyping_ = false;  // the field is being written to
     double laidOutWidth_ = 0;
     const Key* lastDown_ = nullptr;
     const Key* downBefore_ = nullptr;  // compared only: its model may be gone

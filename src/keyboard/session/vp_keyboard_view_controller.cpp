@@ -87,7 +87,7 @@ void VPKeyboardViewController::viewWillDisappear() {
 
 void VPKeyboardViewController::setupInitialState() {
     ForwardingView& keys = *plane().forwardingView;
-    keys.setHidden(appNotYetOpened || !isForwordView);
+    keys.setHidden(keysAreHidden());
     keys.setBackgroundColor(view().backgroundColor());
 }
 
@@ -120,14 +120,61 @@ void VPKeyboardViewController::EnglishClicked() {
     KeyboardViewController::EnglishClicked();
 }
 
+bool VPKeyboardViewController::keysAreHidden() const {
+    return appNotYetOpened || KeyboardViewController::keysAreHidden();
+}
+
+void VPKeyboardViewController::takeInputView(ui::View* textView) {
+    inputView_ = dynamic_cast<TextInputView*>(textView);
+    inputViewWatch_ = inputView_ ? std::make_unique<ui::ViewWatch>(*inputView_) : nullptr;
+}
+
+TextInputView* VPKeyboardViewController::currentActiveInputView() const {
+    return inputViewWatch_ && inputViewWatch_->isAlive() ? inputView_ : nullptr;
+}
+
 void VPKeyboardViewController::openKeyboard(ui::View* textView) {
-    currentActiveInputView = dynamic_cast<TextInputView*>(textView);
     KeyboardViewController::openKeyboard(textView);
+    takeInputView(textView);
+    inputChanged();
+}
+
+void VPKeyboardViewController::restoreInput() {
+    KeyboardViewController::restoreInput();
+    takeInputView(nullptr);
+    inputChanged();
+}
+
+void VPKeyboardViewController::openCustom(ui::View& viewForCustom) {
+    KeyboardViewController::openCustom(viewForCustom);
+    inputChanged();
+}
+
+void VPKeyboardViewController::dismissCustom() {
+    KeyboardViewController::dismissCustom();
+    takeInputView(nullptr);
+    inputChanged();
+}
+
+void VPKeyboardViewController::inputChanged() {
+    clearWords();
+    checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+void VPKeyboardViewController::textDidChange() {
+    KeyboardViewController::textDidChange();
+    // The words of one field are not shown at another.
+    if (!typingPolicy().suggests) checkTheCurrentWord(NO_TOUCH_POINT);
+}
+
+/// What is searched for in the keyboard's own field begins small, whatever stands in the host's.
+bool VPKeyboardViewController::shouldAutoCapitalize() const {
+    return !KTextInputMode && KeyboardViewController::shouldAutoCapitalize();
 }
 
 TypingPolicy VPKeyboardViewController::typingPolicy() const {
-    const bool ownFieldIsProtected =
-        KTextInputMode && currentActiveInputView && currentActiveInputView->isPasswordProtacted();
+    const TextInputView* const own = currentActiveInputView();
+    const bool ownFieldIsProtected = KTextInputMode && own && own->isPasswordProtacted();
     return typingPolicyFor(textDocumentProxy(), ownFieldIsProtected);
 }
 

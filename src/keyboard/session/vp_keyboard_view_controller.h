@@ -46,6 +46,11 @@ public:
     void ArabicClicked() override;
     void EnglishClicked() override;
     void openKeyboard(ui::View* textView) override;
+    void restoreInput() override;
+    void openCustom(ui::View& viewForCustom) override;
+    void dismissCustom() override;
+    void textDidChange() override;
+    [[nodiscard]] bool shouldAutoCapitalize() const override;
 
     // Bar.
 
@@ -98,7 +103,8 @@ protected:
     explicit VPKeyboardViewController(platform::Platform& platform);
     void setUp() override;
 
-    // How a subclass reads words.
+    // How a subclass reads words. The factory is called on the serial queue, perhaps while the keyboard is
+    // being destroyed: it holds on to nothing of it.
     [[nodiscard]] virtual WordServiceFactory makeWordServiceFactory();
     [[nodiscard]] virtual WordSplitting wordSplitting() const { return WordSplitting::Listed; }
     [[nodiscard]] virtual LabelPlan labelPlan() const { return LabelPlan::Fixed; }
@@ -126,14 +132,28 @@ protected:
     bool appNotYetOpened = false;
     bool KTextInputMode = false;
     VorpelWordCommitDelegate* inputDelegate = nullptr;
-    TextInputView* currentActiveInputView = nullptr;
     std::string searchString;
+
+    /// The keyboard's own field; null when there is none, or it was destroyed.
+    [[nodiscard]] TextInputView* currentActiveInputView() const;
+
+    /// Another field takes the input from now on, or the same one anew.
+    virtual void inputChanged();
+
+    /// No answer to what was asked so far comes on show.
+    void dropAnswers() { cleared_ = requests_; }
+
+    /// Whether the letters of a word are kept for the host where the field says nothing of its text.
+    [[nodiscard]] virtual bool keepsEveryLetter() const { return false; }
+
+    void readInputMode();
+    [[nodiscard]] bool keysAreHidden() const override;
 
 private:
     struct Life {};
 
     void observeEmojiKey();
-    void readInputMode();
+    void takeInputView(ui::View* textView);
     void deleteForBackspace();
     void keepLetters(const std::string& output);
     void commitKeptWord(bool atSeparatorOnly);
@@ -148,6 +168,8 @@ private:
     void onMainThread(Block block) const;
 
     std::shared_ptr<WordServiceSlot> indicSpellChecker_;  // its service, on the serial queue alone
+    TextInputView* inputView_ = nullptr;
+    std::unique_ptr<ui::ViewWatch> inputViewWatch_;
     std::shared_ptr<Life> life_ = std::make_shared<Life>();
     platform::NotificationCenter::Observation emojiObservation_;
     unsigned checks_ = 0;     // sentences handed out to be split

@@ -3,7 +3,9 @@
 
 #include "platform/characters.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <vector>
 
 namespace vorpel {
 
@@ -11,6 +13,13 @@ namespace {
 
 std::size_t firstCharacterEnd(const std::string& word) {
     return word.empty() ? 0 : platform::characterBoundaryFrom(word, 1);
+}
+
+std::ptrdiff_t lettersWithCase(const std::string& word) {
+    const std::vector<std::string> characters = platform::characters(word);
+    return std::ranges::count_if(characters, [](const std::string& character) {
+        return platform::lowercased(character) != platform::uppercased(character);
+    });
 }
 
 }  // namespace
@@ -30,8 +39,7 @@ WordCase caseOf(const std::string& word) {
 WordCase naturalCaseOf(const std::string& word) {
     const bool hasCase = platform::lowercased(word) != platform::uppercased(word);
     const WordCase literal = caseOf(word);
-    const bool isShout = literal.allCaps && hasCase && platform::characterCount(word) > 1;
-    return {isShout, literal.firstCap && hasCase};
+    return {literal.allCaps && lettersWithCase(word) > 1, literal.firstCap && hasCase};
 }
 
 }  // namespace vorpel

@@ -17,7 +17,8 @@ struct WordCase {
 /// A word without letters of two cases counts as one in capitals.
 [[nodiscard]] WordCase caseOf(const std::string& word);
 
-/// Neither a word without case nor a single capital is one in capitals: every sentence begins with one.
+/// Neither a word without case nor one with a single capital letter is one in capitals: every sentence begins
+/// with one.
 [[nodiscard]] WordCase naturalCaseOf(const std::string& word);
 
 }  // namespace vorpel
