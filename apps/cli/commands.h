@@ -76,7 +76,7 @@ int renderPage(const RenderArguments& arguments);
 
 struct TypeArguments {
     StageShape stage;
-    int jitter = 0;  ///< a seed; 0 touches the middle of each key
+    int jitter = 0;           ///< a seed; 0 touches the middle of each key
     bool takesWords = false;  ///< taps a word in the bar as soon as it is the one meant
     std::string text;
     std::string picture;

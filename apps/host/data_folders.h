@@ -12,9 +12,9 @@ namespace vorpel::host {
 /// program, and beside the build folder of the program.
 [[nodiscard]] std::vector<std::filesystem::path> dataFolders();
 
-/// What a keyboard needs: the pictures on the keys, and the dictionaries, key geometry and alternatives of held
-/// keys that lie beside them. Throws std::runtime_error when no data folder has the pictures; without dictionaries a keyboard
-/// suggests nothing.
+/// What a keyboard needs: the pictures on the keys, and the dictionaries, key geometry and alternatives of
+/// held keys that lie beside them. Throws std::runtime_error when no data folder has the pictures; without
+/// dictionaries a keyboard suggests nothing.
 [[nodiscard]] platform::FolderBundle keyboardResources();
 
 }  // namespace vorpel::host

@@ -10,12 +10,12 @@ namespace vorpel::playground {
 
 /// What the user asked for.
 struct Options {
-    std::string language;  ///< "en" or "ar"; empty: the stored one
+    std::string language;   ///< "en" or "ar"; empty: the stored one
     std::string themeFile;  ///< empty: the stored theme, if there is one
     bool isDark = false;
     bool tellsTimes = false;
     bool printsText = false;  ///< the field's, when the window has been closed
-    double quitAfter = 0;  ///< seconds; 0: when the window is closed
+    double quitAfter = 0;     ///< seconds; 0: when the window is closed
     WindowShape window;
 };
 

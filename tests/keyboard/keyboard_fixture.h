@@ -88,9 +88,8 @@ public:
             controller =
                 std::make_unique<OpenKeyboard<KeyboardViewController>>(platform.platform, calls, dates);
         } else {
-            controller =
-                std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(platform.platform, calls, dates,
-                                                                             setting.options);
+            controller = std::make_unique<OpenKeyboard<VorpelKeyboardViewController>>(
+                platform.platform, calls, dates, setting.options);
         }
         window.setRoot(&controller->view());
         controller->viewDidLoad();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "keyboard/model/preference_keys.h"
+#include "keyboard/session/vorpel_keyboard_view_controller.h"
 #include "keyboard/settings/default_settings.h"
 #include "keyboard/settings/default_settings_table_view_cell.h"
 #include "keyboard/settings/settings_list.h"
