@@ -7,8 +7,11 @@ namespace {
 
 using Phase = Touched::Phase;
 
-std::optional<InputEvent> editingKey(SDL_Keycode key) {
-    switch (key) {
+std::optional<EditingKey> editingKey(const SDL_Keysym& key) {
+    switch (key.sym) {
+        case SDLK_a:
+            if ((key.mod & KMOD_CTRL) != 0) return EditingKey::SelectAll;
+            return std::nullopt;
         case SDLK_LEFT:
             return EditingKey::Left;
         case SDLK_RIGHT:
@@ -31,6 +34,12 @@ std::optional<InputEvent> editingKey(SDL_Keycode key) {
         default:
             return std::nullopt;
     }
+}
+
+std::optional<InputEvent> editingStroke(const SDL_Keysym& pressed) {
+    const auto key = editingKey(pressed);
+    if (!key) return std::nullopt;
+    return EditingStroke{*key, (pressed.mod & KMOD_SHIFT) != 0};
 }
 
 }  // namespace
@@ -58,7 +67,7 @@ std::optional<InputEvent> EventTranslation::translate(const SDL_Event& event) {
         case SDL_TEXTINPUT:
             return Typed{event.text.text};
         case SDL_KEYDOWN:
-            return editingKey(event.key.keysym.sym);
+            return editingStroke(event.key.keysym);
         case SDL_WINDOWEVENT:
             return windowEvent(event.window.event);
         case SDL_QUIT:

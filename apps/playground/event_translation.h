@@ -35,7 +35,7 @@ struct Uncovered {};
 
 struct CloseAsked {};
 
-using InputEvent = std::variant<Touched, Typed, EditingKey, TouchesLost, Uncovered, CloseAsked>;
+using InputEvent = std::variant<Touched, Typed, EditingStroke, TouchesLost, Uncovered, CloseAsked>;
 
 /// Makes of SDL's events what the playground understands. A touch that SDL, or the system below it, also
 /// reports as a mouse is one touch.

@@ -4,9 +4,11 @@
 #include "keyboard/model/preference_keys.h"
 #include "keyboard/theme/stored_theme.h"
 #include "keyboard/theme/theme_color.h"
+#include "platform/characters.h"
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace vorpel::playground {
 
@@ -35,7 +37,7 @@ Playground::Playground(const Services& services)
       textArea_(field_, services.runLoop) {
     field_.setTraits(choices_.traits());
     keyboard_ = VorpelKeyboardViewController::create(platform_, TypingOptions::all());
-    textArea_.setTapHandler([this](std::size_t character) { tapText(character); });
+    textArea_.setTapHandler([this](std::size_t character, int taps) { tapText(character, taps); });
     root_.addSubview(toolbar_);
     root_.addSubview(textArea_);
     root_.addSubview(shelf_);
@@ -175,8 +177,19 @@ std::string Playground::themeLabel() const {
     return themeOnShow() == themes_.end() ? "Your own" : themeOnShow()->name;
 }
 
-void Playground::tapText(std::size_t character) {
-    changeFieldFromOutside([this, character] { field_.setCursor(character); });
+/// One tap is where the cursor goes, two select the word there.
+void Playground::tapText(std::size_t character, int taps) {
+    changeFieldFromOutside([this, character, taps] {
+        field_.setCursor(character);
+        if (taps != 2) return;
+        const std::vector<std::string> characters = platform::characters(field_.text());
+        const auto isBlank = [&](std::size_t at) { return characters[at] == " " || characters[at] == "\n"; };
+        std::size_t begin = field_.cursor();
+        std::size_t end = begin;
+        while (begin > 0 && !isBlank(begin - 1)) --begin;
+        while (end < characters.size() && !isBlank(end)) ++end;
+        field_.select(begin, end);
+    });
     if (!keyboard_->view().isHidden()) return;
     keyboard_->viewWillAppear();
     keyboard_->view().setHidden(false);
@@ -188,31 +201,46 @@ void Playground::typeText(const std::string& text) {
     changeFieldFromOutside([this, &text] { field_.insertText(text); });
 }
 
-void Playground::press(EditingKey key) {
-    changeFieldFromOutside([this, key] {
-        switch (key) {
-            case EditingKey::Left:
-                return field_.adjustTextPositionByCharacterOffset(-1);
-            case EditingKey::Right:
-                return field_.adjustTextPositionByCharacterOffset(1);
-            case EditingKey::Up:
-                return field_.setCursor(textArea_.characterLinesOff(-1));
-            case EditingKey::Down:
-                return field_.setCursor(textArea_.characterLinesOff(1));
-            case EditingKey::Home:
-                return field_.setCursor(0);
-            case EditingKey::End:
-                return field_.setCursor(field_.text().size());
-            case EditingKey::Delete:
-                if (!field_.documentContextAfterInput()) return;
-                field_.adjustTextPositionByCharacterOffset(1);
-                [[fallthrough]];
-            case EditingKey::Backspace:
-                return field_.deleteBackward();
-            case EditingKey::Return:
-                return field_.insertText("\n");
-        }
+void Playground::press(const EditingStroke& stroke) {
+    changeFieldFromOutside([this, &stroke] {
+        const std::size_t anchor = field_.anchor();
+        edit(stroke.key);
+        const bool moves = stroke.key <= EditingKey::End;
+        if (moves && stroke.selects) field_.select(anchor, field_.cursor());
     });
+}
+
+void Playground::edit(EditingKey key) {
+    switch (key) {
+        case EditingKey::Left:
+            return field_.adjustTextPositionByCharacterOffset(-1);
+        case EditingKey::Right:
+            return field_.adjustTextPositionByCharacterOffset(1);
+        case EditingKey::Up:
+            return field_.setCursor(textArea_.characterLinesOff(-1));
+        case EditingKey::Down:
+            return field_.setCursor(textArea_.characterLinesOff(1));
+        case EditingKey::Home:
+            return field_.setCursor(0);
+        case EditingKey::End:
+            return field_.setCursor(field_.text().size());
+        case EditingKey::SelectAll:
+            return field_.select(0, field_.text().size());
+        case EditingKey::Delete:
+            return deleteForward();
+        case EditingKey::Backspace:
+            return field_.deleteBackward();
+        case EditingKey::Return:
+            return field_.insertText("\n");
+    }
+}
+
+void Playground::deleteForward() {
+    if (!field_.selectedText()) {
+        if (!field_.documentContextAfterInput()) return;
+        field_.adjustTextPositionByCharacterOffset(1);
+    }
+    field_.deleteBackward();
 }
 
 /// A keyboard hears of every change that is not its own.

@@ -63,7 +63,7 @@ public:
     // A desk's keyboard changes the text behind the back of ours.
 
     void typeText(const std::string& text);
-    void press(EditingKey key);
+    void press(const EditingStroke& stroke);
 
     /// Shows what has changed since the last time; to be called before each frame.
     void refresh();
@@ -85,7 +85,9 @@ private:
     [[nodiscard]] ThemePlace themeOnShow() const;
     void nextTheme();
     [[nodiscard]] std::string themeLabel() const;
-    void tapText(std::size_t character);
+    void tapText(std::size_t character, int taps);
+    void edit(EditingKey key);
+    void deleteForward();
     void changeFieldFromOutside(const std::function<void()>& change);
 
     platform::NotificationCenter notificationCenter_;

@@ -7,6 +7,7 @@
 #include "ui/touch.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace vorpel::playground {
@@ -18,6 +19,7 @@ constexpr const char* PLACEHOLDER = "Touch the keys, or type";
 constexpr double PADDING = 12;
 constexpr double CORNER_RADIUS = 10;
 constexpr double CURSOR_WIDTH = 2;
+constexpr double SELECTION_ALPHA = 0.25;
 
 // On, and as long off.
 constexpr double BLINK_SECONDS = 0.53;
@@ -32,11 +34,19 @@ std::string shownOf(const platform::PlainTextField& field, const std::string& te
     return bullets;
 }
 
+std::size_t offsetOfCharacter(const std::string& text, std::size_t number) {
+    std::size_t offset = 0;
+    for (; number > 0 && offset < text.size(); --number) {
+        offset = platform::characterBoundaryFrom(text, offset + 1);
+    }
+    return offset;
+}
+
 }  // namespace
 
 TextArea::TextArea(platform::PlainTextField& field, platform::RunLoop& runLoop)
     : field_(field), runLoop_(runLoop), tap_([this](const ui::Touch& touch) {
-          if (tapHandler_) tapHandler_(characterAt(touch.locationIn(page_)));
+          if (tapHandler_) tapHandler_(characterAt(touch.locationIn(page_)), touch.tapCount());
       }) {
     addSubview(scroll_);
     scroll_.contentView().addSubview(page_);
@@ -44,11 +54,13 @@ TextArea::TextArea(platform::PlainTextField& field, platform::RunLoop& runLoop)
 }
 
 void TextArea::refresh() {
-    const std::size_t cursor = shownOf(field_, field_.documentContextBeforeInput().value_or("")).size();
     const std::string text = shownOf(field_, field_.text());
+    const std::size_t cursor = offsetOfCharacter(text, field_.cursor());
+    const std::size_t anchor = offsetOfCharacter(text, field_.anchor());
     const bool sameText = text == text_ && typeset_;
-    if (sameText && cursor == cursor_) return;
+    if (sameText && cursor == cursor_ && anchor == anchor_) return;
     text_ = text;
+    anchor_ = anchor;
     cursor_ = cursor;
     if (!sameText) typeset();
     placeCursor();
@@ -84,8 +96,26 @@ void TextArea::placeCursor() {
     const double x = std::clamp(line.x, 0.0, std::max(typesetWidth_, 0.0)) - CURSOR_WIDTH / 2;
     const ui::Rect cursor{PADDING + x, PADDING + line.y, CURSOR_WIDTH, line.height};
     page_.setCursor(cursor, true);
+    page_.selection = selectionRects();
+    page_.setNeedsDisplay();
     startBlinking();
     scrollToCursor();
+}
+
+/// One rectangle for each character: those of a line need not lie side by side, where scripts mix.
+std::vector<ui::Rect> TextArea::selectionRects() const {
+    std::vector<ui::Rect> rects;
+    const std::size_t end = std::max(cursor_, anchor_);
+    for (std::size_t at = std::min(cursor_, anchor_); at < end;) {
+        const std::size_t next = platform::characterBoundaryFrom(text_, at + 1);
+        const ui::Rect from = typeset_->cursorAt(at);
+        const ui::Rect to = typeset_->cursorAt(next);
+        at = next;
+        if (from.y != to.y) continue;
+        rects.push_back(
+            {PADDING + std::min(from.x, to.x), PADDING + from.y, std::abs(to.x - from.x), from.height});
+    }
+    return rects;
 }
 
 /// No farther than it takes to see the line.
@@ -129,6 +159,7 @@ void TextArea::Page::setCursor(const ui::Rect& rect, bool shown) {
 
 void TextArea::Page::draw(ui::Painter& painter) {
     if (!text) return;
+    for (const ui::Rect& rect : selection) painter.fill(rect, look.accent.withAlpha(SELECTION_ALPHA));
     const ui::Rect lines{PADDING, PADDING, bounds().width - 2 * PADDING, text->height()};
     if (isEmpty) {
         painter.drawParagraph(PLACEHOLDER, lines, {FONT, look.quietText, ui::TextAlignment::Left});

@@ -14,6 +14,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vorpel::playground {
 
@@ -23,9 +24,9 @@ class TextArea final : public ui::View {
 public:
     TextArea(platform::PlainTextField& field, platform::RunLoop& runLoop);
 
-    /// Called with the character before which a tap means the cursor to stand. It is for the handler to move
-    /// it there.
-    void setTapHandler(std::function<void(std::size_t character)> handler) {
+    /// Called with the character before which a tap means the cursor to stand, and how many taps came there
+    /// in a row. It is for the handler to move it there.
+    void setTapHandler(std::function<void(std::size_t character, int taps)> handler) {
         tapHandler_ = std::move(handler);
     }
 
@@ -53,12 +54,14 @@ private:
         const TypesetText* text = nullptr;
         bool isEmpty = true;
         Look look = LIGHT_LOOK;
+        std::vector<ui::Rect> selection;
         ui::Rect cursor;
         bool cursorShown = false;
     };
 
     void typeset();
     void placeCursor();
+    [[nodiscard]] std::vector<ui::Rect> selectionRects() const;
     void scrollToCursor();
     void startBlinking();
     [[nodiscard]] std::size_t characterAt(ui::Point pointOfPage) const;
@@ -67,13 +70,14 @@ private:
     platform::RunLoop& runLoop_;
     ui::TextLayouts layouts_{1};  // measures are the same at every scale
     std::string text_;            // as shown
-    std::size_t cursor_ = 0;      // as shown, in bytes
+    std::size_t cursor_ = 0;      // as shown, in bytes, as is the next
+    std::size_t anchor_ = 0;      // where the selection begins or ends
     std::optional<TypesetText> typeset_;
     double typesetWidth_ = 0;
     ui::ScrollView scroll_;
     Page page_;
     platform::Timer blinking_;
-    std::function<void(std::size_t)> tapHandler_;
+    std::function<void(std::size_t, int)> tapHandler_;
     ui::TapGesture tap_;
 };
 

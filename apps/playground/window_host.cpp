@@ -152,7 +152,7 @@ void WindowHost::handle(const SDL_Event& event) {
         stopwatch_.textStands(playground_.field().text());
     } else if (const auto* const typed = std::get_if<Typed>(&*input)) {
         playground_.typeText(typed->text);
-    } else if (const auto* const key = std::get_if<EditingKey>(&*input)) {
+    } else if (const auto* const key = std::get_if<EditingStroke>(&*input)) {
         playground_.press(*key);
     } else if (std::holds_alternative<TouchesLost>(*input)) {
         playground_.window().cancelAllTouches();

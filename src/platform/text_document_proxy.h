@@ -28,6 +28,9 @@ public:
     [[nodiscard]] virtual std::optional<std::string> documentContextAfterInput() const = 0;
     [[nodiscard]] virtual bool hasText() const = 0;
 
+    /// Between the texts before and behind the input; nothing when nothing is selected.
+    [[nodiscard]] virtual std::optional<std::string> selectedText() const = 0;
+
     [[nodiscard]] virtual std::optional<AutocapitalizationType> autocapitalizationType() const = 0;
     [[nodiscard]] virtual std::optional<KeyboardType> keyboardType() const = 0;
     [[nodiscard]] virtual std::optional<ReturnKeyType> returnKeyType() const = 0;

@@ -26,7 +26,7 @@ WordScript english() {
 
 /// What is done, and what is seen then.
 struct Step {
-    enum class Does { Write, TapLabel, HostSets, MoveCursor } does;
+    enum class Does { Write, TapLabel, HostSets, MoveCursor, Select } does;
     std::string what;
     std::string seen;
 };
@@ -49,6 +49,10 @@ void play(const std::vector<Script>& scripts, const TypingOptions* options) {
             if (step.does == HostSets) stage.hostSets(step.what);
             if (step.does == MoveCursor) {
                 stage.field().setCursor(std::stoul(step.what));
+                stage.controller->selectionDidChange();
+            }
+            if (step.does == Select) {  // from the second character on
+                stage.field().select(1, std::stoul(step.what));
                 stage.controller->selectionDidChange();
             }
             stage.platform.settle();
@@ -129,6 +133,14 @@ TEST(SessionTest, TheEmbeddedClass) {
             {Write, "teh", "x teh | \"teh\" the! ten"},
             {MoveCursor, "3", "x teh | to the that"},
             {Write, " ", "x t eh | settings"}}},
+          {"what is selected is no part of a word, and goes with the next key",
+           true,
+           {{Write, "teh", "teh | \"teh\" the! ten"},
+            {Select, "3", "teh | settings"},
+            {Write, " ", "t  | settings"},
+            {Select, "2", "t  | settings"},
+            {Write, "\b", "t | to the that"},
+            {Write, "eh", "teh | \"teh\" the! ten"}}},
           {"another text takes the words with it",
            true,
            {{Write, "teh", "teh | \"teh\" the! ten"},

@@ -107,7 +107,7 @@ TEST_F(PlaygroundTest, FingersOnTheKeysWriteAndWhatTheyWroteIsShown) {
 TEST_F(PlaygroundTest, EditingKeysDoWhatTheyDoElsewhere) {
     using enum EditingKey;
     const struct {
-        std::vector<EditingKey> keys;
+        std::vector<EditingStroke> keys;
         std::string text;  // with the cursor as a bar
     } rows[] = {{{}, "ab\nc👍🏽|"},
                 {{Backspace}, "ab\nc|"},
@@ -115,12 +115,15 @@ TEST_F(PlaygroundTest, EditingKeysDoWhatTheyDoElsewhere) {
                 {{Left, Delete}, "ab\nc|"},
                 {{Home, Right, Return}, "a\n|b\nc👍🏽"},
                 {{Home, Down}, "ab\n|c👍🏽"},
-                {{Left, Up}, "a|b\nc👍🏽"}};
+                {{Left, Up}, "a|b\nc👍🏽"},
+                {{Home, {Right, true}, Backspace}, "|b\nc👍🏽"},
+                {{{Left, true}, {Left, true}, Delete}, "ab\n|"},
+                {{SelectAll, Return}, "\n|"}};
     for (const auto& row : rows) {
         playground.press(End);
         while (playground.field().hasText()) playground.press(Backspace);
         playground.typeText("ab\nc👍🏽");
-        for (const EditingKey key : row.keys) {
+        for (const EditingStroke& key : row.keys) {
             frame();
             playground.press(key);
         }
@@ -140,6 +143,12 @@ TEST_F(PlaygroundTest, ATapPlacesTheCursor) {
     EXPECT_EQ(playground.field().cursor(), 7U);
     tap(playground.textArea().frame().origin() + ui::Point{4, 15});
     EXPECT_EQ(playground.field().cursor(), 0U);
+    for (int taps = 0; taps < 2; ++taps) {
+        playground.window().touchDown(1, playground.textArea().frame().origin() + ui::Point{4, 15});
+        playground.window().touchUp(1, playground.textArea().frame().origin() + ui::Point{4, 15});
+        advance(0.1);
+    }
+    EXPECT_EQ(playground.field().selectedText(), "one") << "two taps in a row";
 }
 
 TEST_F(PlaygroundTest, TheCursorIsInSightHoweverLongTheText) {

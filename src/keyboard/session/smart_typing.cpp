@@ -36,10 +36,31 @@ void VorpelKeyboardViewController::insertText(const std::string& text) {
 }
 
 void VorpelKeyboardViewController::deleteBackward() {
+    const platform::TextDocumentProxy& field = textDocumentProxy();
+    const bool deletesSelection = hasSelection();
     isTyping_ = true;
     VPKeyboardViewController::deleteBackward();
     isTyping_ = false;
-    record_.deleteBackward(textDocumentProxy().documentContextBeforeInput());
+    if (deletesSelection) {
+        record_.take(field.documentContextBeforeInput(), field.documentContextAfterInput());
+    } else {
+        record_.deleteBackward(field.documentContextBeforeInput());
+    }
+}
+
+bool VorpelKeyboardViewController::hasSelection() const {
+    return !KTextInputMode && !textDocumentProxy().selectedText().value_or("").empty();
+}
+
+void VorpelKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
+    if (!hasSelection()) return VPKeyboardViewController::checkTheCurrentWord(touchPoint);
+    clearWords();
+    if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->shuffleSettingsOptions(false);
+}
+
+/// What is selected is what the next key replaces, and no part of a word.
+std::string VorpelKeyboardViewController::getCurrentWord() const {
+    return hasSelection() ? std::string() : VPKeyboardViewController::getCurrentWord();
 }
 
 std::optional<std::string> VorpelKeyboardViewController::textBeforeInput() const {

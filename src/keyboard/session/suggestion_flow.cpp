@@ -210,7 +210,8 @@ void VPKeyboardViewController::setBannerWordButtonColors(bool autoCorrect) {
 }
 
 void VPKeyboardViewController::clearWords() {
-    cleared_ = requests_;
+    dropAnswers();
+    lastCheck_ = ++checks_;
     autoCorrectCurrentSession = false;
     VPSuggestionsBanner* const banner = suggestionsBanner();
     if (!banner) return;

@@ -51,9 +51,11 @@ public:
     void wordTapped(const std::string& word, int tag) override;
     void switchSettingsStateWithValues(bool on, const std::string& currWord, const std::string& prevWord,
                                        ui::Point touchPoint) override;
+    void checkTheCurrentWord(ui::Point touchPoint) override;
     void autoCorrectWord() override;
     void deleteAndEnterWord(const std::string& word, const std::string& correctword) override;
     void insertWordForFont(const std::string& word) override;
+    [[nodiscard]] std::string getCurrentWord() const override;
 
 protected:
     explicit VorpelKeyboardViewController(platform::Platform& platform, const TypingOptions& options = {})
@@ -99,6 +101,7 @@ private:
     void replaceKeptLetters(const std::string& letters, const std::string& word);
     void beginElsewhere();
     void forgetCorrection();
+    [[nodiscard]] bool hasSelection() const;
     [[nodiscard]] bool isSureOf(const std::string& word) const;
     [[nodiscard]] bool replacesBlank(const Key& key, Blank blank);
     void finishCorrection(const Key& key);
