@@ -15,7 +15,8 @@ namespace vorpel::testing {
 struct WordScript {
     std::map<std::string, WordAnswer> suggestions;
     std::map<std::string, std::vector<std::string>> predictions;
-    bool dies = false;  ///< at the next question
+    bool dies = false;       ///< at the next question
+    bool isMissing = false;  ///< cannot be made
     std::vector<std::string> asked = {};
     int made = 0;
     int dismissed = 0;
@@ -23,7 +24,10 @@ struct WordScript {
 
 class ScriptedWords final : public WordService {
 public:
-    explicit ScriptedWords(WordScript& script) : script_(script) { ++script_.made; }
+    explicit ScriptedWords(WordScript& script) : script_(script) {
+        if (script.isMissing) throw std::runtime_error("no such file");
+        ++script_.made;
+    }
     ~ScriptedWords() override { ++script_.dismissed; }
     ScriptedWords(const ScriptedWords&) = delete;
     ScriptedWords& operator=(const ScriptedWords&) = delete;

@@ -247,6 +247,31 @@ TEST(SessionTest, AServiceThatDiesCostsItsWordsOnly) {
     EXPECT_EQ(stage.seen(), "teh | the ten tea") << "the next language's service is another one";
 }
 
+TEST(SessionTest, WithoutAServiceKeysTypeAllTheSame) {
+    WordScript script = english();
+    script.isMissing = true;
+    SessionStage stage(std::move(script), &ALL_OPTIONS);
+    stage.correct(true);
+    stage.write("teh ");
+    EXPECT_EQ(stage.seen(), "teh  | settings");
+}
+
+TEST(SessionTest, TheLanguageMayChangeInMidWord) {
+    WordScript script = english();
+    script.suggestions["teس"] = {{"سلام"}, true};
+    SessionStage stage(std::move(script), &ALL_OPTIONS);
+    stage.correct(true);
+    stage.write("te");
+    stage.controller->changeKeyboardLanguage("ar");
+    stage.platform.settle();
+    EXPECT_EQ(stage.seen(), "te | - - -") << "English words are no help in Arabic";
+    EXPECT_EQ(stage.script->made - stage.script->dismissed, 1);
+    stage.write("س");
+    EXPECT_EQ(stage.seen(), "teس | \"teس\" سلام! -");
+    stage.write(" ");
+    EXPECT_EQ(stage.text(), "teس ");
+}
+
 TEST(SessionTest, ABacklogIsThrownAway) {
     SessionStage stage(english(), &ALL_OPTIONS);
     stage.script->asked.clear();

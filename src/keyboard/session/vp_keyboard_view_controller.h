@@ -12,6 +12,7 @@
 #include "platform/notification_center.h"
 #include "platform/operation_queue.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>

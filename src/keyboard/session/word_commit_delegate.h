@@ -5,7 +5,7 @@
 
 namespace vorpel {
 
-/// A host's listener. Main thread.
+/// A host's listener. Main thread. It must not destroy the keyboard while it is told.
 class VorpelWordCommitDelegate {
 public:
     virtual ~VorpelWordCommitDelegate() = default;
