@@ -288,6 +288,14 @@ TEST(SessionTest, ABacklogIsThrownAway) {
     EXPECT_EQ(stage.seen(), " | settings");
 }
 
+TEST(SessionTest, ALineThatBeginsDoesNotTakeTheNextLettersWordsAway) {
+    SessionStage stage(english(), &ALL_OPTIONS);
+    stage.touch("return");
+    stage.touch("t");
+    stage.platform.settle();
+    EXPECT_EQ(stage.seen(), "\nt | to the that");
+}
+
 TEST(SessionTest, AnAnswerForFewerLettersCorrectsNothing) {
     SessionStage stage(english(), &ALL_OPTIONS);
     stage.correct(true);

@@ -35,7 +35,7 @@ bool VorpelKeyboardViewController::hasSelection() const {
 
 void VorpelKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
     if (!hasSelection()) return VPKeyboardViewController::checkTheCurrentWord(touchPoint);
-    clearWords();
+    forgetWords();
     if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->shuffleSettingsOptions(false);
 }
 

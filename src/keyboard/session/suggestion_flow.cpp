@@ -57,13 +57,12 @@ std::optional<std::string> VPKeyboardViewController::sentence() const {
 
 void VPKeyboardViewController::checkTheCurrentWord(ui::Point touchPoint) {
     readInputMode();
-    const unsigned check = ++checks_;
     if (!typingPolicy().suggests) {
-        lastCheck_ = check;
-        clearWords();
+        forgetWords();
         if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->shuffleSettingsOptions(false);
         return;
     }
+    const unsigned check = ++checks_;
     platform().globalQueue.async([this, &runLoop = platform().runLoop, life = std::weak_ptr<Life>(life_),
                                   check, text = sentence(), splitting = wordSplitting(), touchPoint] {
         SentenceWords words;
@@ -84,7 +83,7 @@ void VPKeyboardViewController::takeSplitSentence(unsigned check, const std::opti
         switchSettingsStateWithValues(false, "", "", touchPoint);
     } else if (text->empty()) {
         // What is still asked for belongs to a text that is gone.
-        cleared_ = requests_;
+        dropAnswers();
         switchSettingsStateWithValues(true, "", "", touchPoint);
     } else if (text->back() == '\n' || text->back() == '\r') {
         switchSettingsStateWithValues(false, "", "", touchPoint);
@@ -209,9 +208,13 @@ void VPKeyboardViewController::setBannerWordButtonColors(bool autoCorrect) {
     if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->markCorrection(autoCorrect);
 }
 
+void VPKeyboardViewController::forgetWords() {
+    lastCheck_ = ++checks_;
+    clearWords();
+}
+
 void VPKeyboardViewController::clearWords() {
     dropAnswers();
-    lastCheck_ = ++checks_;
     autoCorrectCurrentSession = false;
     VPSuggestionsBanner* const banner = suggestionsBanner();
     if (!banner) return;

@@ -103,7 +103,7 @@ void VPKeyboardViewController::setUpSpellChecker() {
 
 void VPKeyboardViewController::removeSpellChecker() {
     if (!serialQueue_) return;
-    clearWords();
+    forgetWords();
     serialQueue_->cancelAllOperations();
     indicSpellChecker_->wantNone();
     serialQueue_->addOperation([slot = indicSpellChecker_] { slot->current(); });
@@ -157,7 +157,7 @@ void VPKeyboardViewController::dismissCustom() {
 }
 
 void VPKeyboardViewController::inputChanged() {
-    clearWords();
+    forgetWords();
     checkTheCurrentWord(NO_TOUCH_POINT);
 }
 

@@ -121,6 +121,9 @@ protected:
     /// No word is in view, no correction pending, and no answer on its way comes on show.
     void clearWords();
 
+    /// As `clearWords`, and nothing is asked about sentences that are still being split.
+    void forgetWords();
+
     // Where the output goes: the keyboard's own field while that has the input, else the host's.
     void enterText(const std::string& text);
     void deleteCharacter();
@@ -159,7 +162,6 @@ private:
     void keepLetters(const std::string& output);
     void commitKeptWord(bool atSeparatorOnly);
     void pressOther(const std::string& output, ui::Point position);
-    void splitSentence(std::optional<std::string> sentence, ui::Point touchPoint);
     void takeSplitSentence(unsigned check, const std::optional<std::string>& sentence,
                            const SentenceWords& words, ui::Point touchPoint);
     void addRequest(std::function<void()> operation);
