@@ -9,6 +9,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <stdexcept>
 
@@ -133,6 +134,17 @@ bool isWellFormedUtf8(std::string_view text) {
         if (codePoint < 0) return false;
     }
     return true;
+}
+
+std::string toUtf8(char32_t codePoint) {
+    constexpr UChar32 REPLACEMENT = 0xFFFD;
+    const auto wanted = static_cast<UChar32>(codePoint);
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t length = 0;
+    UBool isError = U_IS_UNICODE_CHAR(wanted) ? 0 : 1;
+    const UChar32 written = isError ? REPLACEMENT : wanted;
+    U8_APPEND(bytes, length, bytes.size(), written, isError);
+    return {bytes.data(), length};
 }
 
 bool isEmoji(std::string_view text) {

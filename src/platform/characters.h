@@ -14,6 +14,9 @@ namespace vorpel::platform {
 [[nodiscard]] bool isAscii(std::string_view text);
 [[nodiscard]] bool isWellFormedUtf8(std::string_view text);
 
+/// One code point; the replacement character for what is none.
+[[nodiscard]] std::string toUtf8(char32_t codePoint);
+
 /// Begins with a character that is shown as a picture.
 [[nodiscard]] bool isEmoji(std::string_view text);
 

@@ -18,6 +18,9 @@ public:
 
     /// What its maker calls it.
     [[nodiscard]] virtual std::string modelName() const = 0;
+
+    /// Of the system that runs on it, as far as the keyboard has to know: the first, where nothing is said.
+    [[nodiscard]] virtual std::string systemVersion() const { return "1.0"; }
 };
 
 /// A device as its host describes it.

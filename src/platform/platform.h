@@ -3,6 +3,7 @@
 
 #include "platform/bundle.h"
 #include "platform/device.h"
+#include "platform/emoji_coverage.h"
 #include "platform/input_view_controller.h"
 #include "platform/notification_center.h"
 #include "platform/operation_queue.h"
@@ -33,6 +34,7 @@ struct Platform {
     std::function<std::unique_ptr<OperationQueue>()> makeOperationQueue;
     TextChecker* textChecker = nullptr;  ///< may be null: nothing is learnt
     SystemSound* systemSound = nullptr;  ///< may be null: the keys make no sound
+    const EmojiCoverage* emojiCoverage = nullptr;  ///< may be null: every emoji is offered
 };
 
 }  // namespace vorpel::platform

@@ -36,6 +36,12 @@ std::int64_t UserDefaults::integerForKey(const std::string& key) const {
     return valueAs<std::int64_t>(objectForKey(key)).value_or(0);
 }
 
+void UserDefaults::update(const std::string& key,
+                          const std::function<std::optional<Value>(std::optional<Value>)>& change) {
+    const std::lock_guard lock(updating_);
+    setObject(key, change(objectForKey(key)));
+}
+
 void UserDefaults::registerDefaults(const std::vector<std::pair<std::string, Value>>& defaults) {
     const std::lock_guard lock(mutex_);
     for (const auto& [key, value] : defaults) registered_.insert_or_assign(key, value);

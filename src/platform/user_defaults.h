@@ -4,6 +4,7 @@
 #include "vorpel/export.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -49,6 +50,11 @@ public:
     /// Stores the value, or takes the stored one away.
     virtual void setObject(const std::string& key, std::optional<Value> value) = 0;
 
+    /// Stores what `change` makes of the value that `objectForKey` gives; no other such change of any key
+    /// comes in between. `change` must not ask for one itself.
+    void update(const std::string& key,
+                const std::function<std::optional<Value>(std::optional<Value>)>& change);
+
     /// Returns once all that was stored would outlast the process. Where it cannot be made to, it is told
     /// and tried again at the next change.
     virtual void synchronize() {}
@@ -57,6 +63,7 @@ protected:
     [[nodiscard]] virtual std::optional<Value> storedObject(const std::string& key) const = 0;
 
 private:
+    std::mutex updating_;
     mutable std::mutex mutex_;  // guards registered_
     std::map<std::string, Value> registered_;
 };

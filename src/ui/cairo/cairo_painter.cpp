@@ -164,7 +164,7 @@ void CairoPainter::drawText(const std::string& text, const Rect& rect, const Tex
     if (text.empty() || rect.isEmpty() || style.color.isClear()) return;
     TextLayouts& texts = resources_.texts();
     const TextLine& line = texts.fittedLine(text, style.font, rect.width, style.minimumScale);
-    const double baseline = rect.center().y + texts.baselineBelowMiddle(line, style.font.weight);
+    const double baseline = rect.center().y + texts.baselineBelowMiddle(line, style.font);
     setColor(style.color);
     cairo_move_to(context_, leftEdge(rect, line.width, style.alignment), baseline);
     pango_cairo_show_layout_line(context_, pango_layout_get_line_readonly(line.layout.get(), 0));

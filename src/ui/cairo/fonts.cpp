@@ -35,9 +35,13 @@ std::vector<const char*> systemFontFamilies() {
     return families;
 }
 
-const char* systemFontFamilyList() {
+const char* emojiFontFamily() {
+    return EMOJI_FAMILY;
+}
+
+const char* fontFamilyList(FontFace face) {
     static const std::string LIST = joinFamilies();
-    return LIST.c_str();
+    return face == FontFace::Emoji ? EMOJI_FAMILY : LIST.c_str();
 }
 
 PangoWeight fontWeight(FontWeight weight) {

@@ -13,8 +13,11 @@ namespace vorpel::ui {
 /// is the one place that names them.
 [[nodiscard]] std::vector<const char*> systemFontFamilies();
 
-/// The same as one list with commas.
-[[nodiscard]] const char* systemFontFamilyList();
+/// The family that has the emoji.
+[[nodiscard]] const char* emojiFontFamily();
+
+/// The families of a face as one list with commas.
+[[nodiscard]] const char* fontFamilyList(FontFace face);
 
 [[nodiscard]] PangoWeight fontWeight(FontWeight weight);
 

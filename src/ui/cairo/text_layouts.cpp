@@ -20,9 +20,10 @@ constexpr std::size_t PARAGRAPHS_A_GENERATION = 32;
 constexpr double WIDTH_TOLERANCE = 0.01;
 
 // What a line's middle is taken from: the height of the capitals; for Arabic from the foot of its deep
-// letters to the head of its tall ones.
+// letters to the head of its tall ones; for emoji from the chin of a face to its head.
 constexpr std::string_view LATIN_SAMPLE = "H";
 constexpr std::string_view ARABIC_SAMPLE = "اج";
+constexpr std::string_view EMOJI_SAMPLE = "😀";
 
 // Sizes and widths that Pango's units can hold, with room to spare.
 constexpr double LEAST_FONT_SIZE = 0.5;
@@ -105,12 +106,14 @@ std::size_t TextLayouts::KeyHash::operator()(const Key& key) const {
     for (const double number : {key.font.size, key.width, key.minimumScale, key.height.value_or(0)}) {
         hash = hash * 31 + std::hash<double>()(number);
     }
-    return hash * 31 + static_cast<std::size_t>(key.font.weight);
+    hash = hash * 31 + static_cast<std::size_t>(key.font.weight);
+    return hash * 31 + static_cast<std::size_t>(key.font.face);
 }
 
 void TextLayouts::want(const std::string& text, const Font& font) {
     wanted_.text = text;
-    wanted_.font = {std::clamp(font.size, LEAST_FONT_SIZE, GREATEST_FONT_SIZE), font.weight};
+    wanted_.font = font;
+    wanted_.font.size = std::clamp(font.size, LEAST_FONT_SIZE, GREATEST_FONT_SIZE);
     wanted_.width = 0;
     wanted_.minimumScale = 1;
     wanted_.height.reset();
@@ -135,7 +138,8 @@ const TextLine& TextLayouts::fittedLine(const std::string& text, const Font& fon
 
 TextLine TextLayouts::fit(const Key& key, double naturalWidth) const {
     const double share = std::clamp(key.width / naturalWidth, std::min(key.minimumScale, 1.0), 1.0);
-    const Font smaller{std::max(key.font.size * share, LEAST_FONT_SIZE), key.font.weight};
+    Font smaller = key.font;
+    smaller.size = std::max(key.font.size * share, LEAST_FONT_SIZE);
     ObjectHandle<PangoLayout> layout = shape(key.text, smaller);
     int width = 0;
     pango_layout_get_size(layout.get(), &width, nullptr);
@@ -174,7 +178,7 @@ TextParagraph TextLayouts::breakIntoLines(const Key& key) const {
 
 ObjectHandle<PangoLayout> TextLayouts::shape(const std::string& text, const Font& font) const {
     PangoFontDescription* const description = pango_font_description_new();
-    pango_font_description_set_family_static(description, systemFontFamilyList());
+    pango_font_description_set_family_static(description, fontFamilyList(font.face));
     pango_font_description_set_weight(description, fontWeight(font.weight));
     pango_font_description_set_absolute_size(description, font.size * PANGO_SCALE);
     ObjectHandle<PangoLayout> layout(pango_layout_new(context_.get()));
@@ -193,17 +197,19 @@ TextLine TextLayouts::measured(ObjectHandle<PangoLayout> layout, double fontSize
     return {std::move(layout), toPoints(logical.width), toPoints(logical.height), fontSize, rightToLeft};
 }
 
-double TextLayouts::baselineBelowMiddle(const TextLine& line, FontWeight weight) {
-    MiddleHeights& heights = middleHeights_.at(static_cast<std::size_t>(weight));
-    double& height = line.rightToLeft ? heights.arabic : heights.latin;
-    if (height < 0)
-        height = middleHeight(std::string(line.rightToLeft ? ARABIC_SAMPLE : LATIN_SAMPLE), weight);
-    return height * line.fontSize;
+double TextLayouts::baselineBelowMiddle(const TextLine& line, const Font& font) {
+    MiddleHeights& heights = middleHeights_.at(static_cast<std::size_t>(font.weight));
+    const auto known = [&](double& height, std::string_view sample) {
+        if (height < 0) height = middleHeight(std::string(sample), font);
+        return height * line.fontSize;
+    };
+    if (font.face == FontFace::Emoji) return known(heights.emoji, EMOJI_SAMPLE);
+    return line.rightToLeft ? known(heights.arabic, ARABIC_SAMPLE) : known(heights.latin, LATIN_SAMPLE);
 }
 
-double TextLayouts::middleHeight(const std::string& sample, FontWeight weight) const {
+double TextLayouts::middleHeight(const std::string& sample, const Font& font) const {
     constexpr double SIZE = 100;
-    const ObjectHandle<PangoLayout> layout = shape(sample, {SIZE, weight});
+    const ObjectHandle<PangoLayout> layout = shape(sample, {SIZE, font.weight, font.face});
     PangoRectangle ink{};
     pango_layout_line_get_extents(pango_layout_get_line_readonly(layout.get(), 0), &ink, nullptr);
     return std::max(0.0, -toPoints(ink.y) - toPoints(ink.height) / 2) / SIZE;

@@ -51,9 +51,9 @@ public:
     [[nodiscard]] const TextParagraph& paragraph(const std::string& text, const Font& font, double width,
                                                  std::optional<double> height = {});
 
-    /// How far below the middle of a rectangle the line's baseline lies, so that capitals are in the middle
-    /// and all lines of one script and size share a baseline.
-    [[nodiscard]] double baselineBelowMiddle(const TextLine& line, FontWeight weight);
+    /// How far below the middle of a rectangle the line's baseline lies, so that capitals, or emoji, are in
+    /// the middle and all lines of one script and size share a baseline.
+    [[nodiscard]] double baselineBelowMiddle(const TextLine& line, const Font& font);
 
     /// Families of the system font that are not installed; others stand in for them.
     [[nodiscard]] std::vector<std::string> missingFamilies() const;
@@ -75,13 +75,14 @@ private:
     struct MiddleHeights {
         double latin = -1;
         double arabic = -1;
+        double emoji = -1;
     };
 
     [[nodiscard]] ObjectHandle<PangoLayout> shape(const std::string& text, const Font& font) const;
     [[nodiscard]] TextLine measured(ObjectHandle<PangoLayout> layout, double fontSize) const;
     [[nodiscard]] TextParagraph breakIntoLines(const Key& key) const;
     [[nodiscard]] TextLine fit(const Key& key, double naturalWidth) const;
-    [[nodiscard]] double middleHeight(const std::string& sample, FontWeight weight) const;
+    [[nodiscard]] double middleHeight(const std::string& sample, const Font& font) const;
 
     ObjectHandle<PangoContext> context_;
     RecentCache<Key, TextLine, KeyHash> lines_;
