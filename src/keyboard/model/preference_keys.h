@@ -27,6 +27,7 @@ constexpr const char* SUGGESTION_TEXT_COLOR = "suggestionTextColor";
 constexpr const char* IS_THEME_DARK_TYPE = "isThemeDarkType";
 constexpr const char* STRING_TO_SEND = "stringToSend";
 constexpr const char* WORD_SUGGESTION_COUNT = "wordSuggestionCount";
+constexpr const char* RECENT = "recent";
 
 /// The texts of the language rows in the settings.
 constexpr const char* kArabic = "Arabic";
