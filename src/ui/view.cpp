@@ -22,14 +22,6 @@ View::~View() {
     for (GestureRecognizer* const recognizer : recognizers_) recognizer->view_ = nullptr;
 }
 
-ViewWatch::~ViewWatch() {
-    if (!view_) return;
-    // Nearly always the first one.
-    ViewWatch** link = &view_->watches_;
-    while (*link != this) link = &(*link)->next_;
-    *link = next_;
-}
-
 void View::setFrame(const Rect& frame) {
     if (frame == frame_) return;
     damageWhole();
@@ -135,12 +127,13 @@ void View::requestLayout() {
 }
 
 void View::layoutIfNeeded() {
+    // Laying out asks who knows what is to be shown, and may bring in views and take away any, this one too.
+    const ViewWatch watch(*this);
     if (needsLayout_) {
         needsLayout_ = false;
         layoutSubviews();
     }
-    // By index: laying out may bring in views and take others away.
-    for (std::size_t i = 0; i < subviews_.size(); ++i) {
+    for (std::size_t i = 0; watch.isAlive() && i < subviews_.size(); ++i) {
         if (!subviews_[i]->hidden_) subviews_[i]->layoutIfNeeded();
     }
 }
