@@ -8,8 +8,6 @@ namespace vorpel::ui {
 
 namespace {
 
-// A glide loses this share of its velocity a second, continuously: half in a third of a second.
-constexpr double FRICTION = 2;
 constexpr double LEAST_VELOCITY = 5;  // points a second; slower is standing still
 
 // Of a spring without swing, a second: nearly home in a third of one.
@@ -18,20 +16,22 @@ constexpr double LEAST_DISTANCE = 0.5;  // points
 
 }  // namespace
 
-ScrollMotion ScrollMotion::glide(double offset, double velocity, const Limits& limits) {
+ScrollMotion ScrollMotion::glide(double offset, double velocity, const Limits& limits,
+                                 double decelerationRate) {
     const double inside = std::clamp(offset, limits.low, limits.high);
     if (inside != offset) return spring(offset, velocity, inside);
     ScrollMotion motion(offset);
     const double speed = std::abs(velocity);
     if (speed <= LEAST_VELOCITY) return motion;
     motion.velocity_ = velocity;
-    motion.glideSeconds_ = std::log(speed / LEAST_VELOCITY) / FRICTION;
+    motion.friction_ = -1000 * std::log(decelerationRate);
+    motion.glideSeconds_ = std::log(speed / LEAST_VELOCITY) / motion.friction_;
     motion.target_ = motion.glidedTo(motion.glideSeconds_);
     const double edge = std::clamp(motion.target_, limits.low, limits.high);
     if (edge == motion.target_) return motion;
     // The edge comes first: the glide ends where it has made the way there.
-    const double left = 1 - FRICTION * (edge - offset) / velocity;
-    motion.glideSeconds_ = -std::log(left) / FRICTION;
+    const double left = 1 - motion.friction_ * (edge - offset) / velocity;
+    motion.glideSeconds_ = -std::log(left) / motion.friction_;
     motion.target_ = edge;
     motion.springs_ = limits.edge == Edge::Bounces;
     motion.springVelocity_ = velocity * left;
@@ -47,7 +47,7 @@ ScrollMotion ScrollMotion::spring(double offset, double velocity, double target)
 }
 
 double ScrollMotion::glidedTo(double time) const {
-    return start_ + velocity_ / FRICTION * (1 - std::exp(-FRICTION * time));
+    return start_ + velocity_ / friction_ * (1 - std::exp(-friction_ * time));
 }
 
 double ScrollMotion::offsetAt(double time) const {

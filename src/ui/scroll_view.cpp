@@ -21,6 +21,10 @@ constexpr double PAGE_TURN_VELOCITY = 200;
 // Beyond its end the content follows the finger with this share of its way, and less and less.
 constexpr double RUBBER = 0.55;
 
+// Content that never stopped, or leapt to a stop, would be of use to nobody.
+constexpr double LEAST_DECELERATION_RATE = 0.9;
+constexpr double MOST_DECELERATION_RATE = 0.9999;
+
 constexpr double INDICATOR_WIDTH = 3;
 constexpr double INDICATOR_MARGIN = 2;
 constexpr double LEAST_INDICATOR_LENGTH = 24;
@@ -42,10 +46,10 @@ double pullFor(double stretch, double length) {
 
 /// Applies one of the two to the part of the offset that lies beyond the ends.
 template <typename Change>
-double beyondEnds(double offset, double largest, double length, Change change) {
+double beyondEnds(double offset, double lowest, double highest, double length, Change change) {
     if (!(length > 0)) return offset;
-    if (offset < 0) return -change(-offset, length);
-    if (offset > largest) return largest + change(offset - largest, length);
+    if (offset < lowest) return lowest - change(lowest - offset, length);
+    if (offset > highest) return highest + change(offset - highest, length);
     return offset;
 }
 
@@ -100,8 +104,21 @@ Point ScrollView::largestOffset() const {
 }
 
 Point ScrollView::clamped(Point offset) const {
-    const Point largest = largestOffset();
-    return {std::clamp(offset.x, 0.0, largest.x), std::clamp(offset.y, 0.0, largest.y)};
+    const Point lowest = lowestEnd();
+    const Point highest = highestEnd();
+    return {std::clamp(offset.x, lowest.x, highest.x), std::clamp(offset.y, lowest.y, highest.y)};
+}
+
+Point ScrollView::lowestEnd() const {
+    return {0 - contentInset_.left, 0 - contentInset_.top};
+}
+
+Point ScrollView::highestEnd() const {
+    return largestOffset() + Point{contentInset_.right, contentInset_.bottom};
+}
+
+void ScrollView::setDecelerationRate(double rate) {
+    decelerationRate_ = std::clamp(rate, LEAST_DECELERATION_RATE, MOST_DECELERATION_RATE);
 }
 
 void ScrollView::setContentOffset(Point offset, Animated animated) {
@@ -141,11 +158,11 @@ void ScrollView::didMoveToWindow() {
 }
 
 bool ScrollView::scrollsHorizontally() const {
-    return scrollEnabled_ && (largestOffset().x > 0 || (bounces_ && alwaysHorizontal_));
+    return scrollEnabled_ && (highestEnd().x > lowestEnd().x || (bounces_ && alwaysHorizontal_));
 }
 
 bool ScrollView::scrollsVertically() const {
-    return scrollEnabled_ && (largestOffset().y > 0 || (bounces_ && alwaysVertical_));
+    return scrollEnabled_ && (highestEnd().y > lowestEnd().y || (bounces_ && alwaysVertical_));
 }
 
 bool ScrollView::panTouched() {
@@ -162,9 +179,10 @@ void ScrollView::panBegan() {
     dragging_ = true;
     dragged_ = {};
     const Point offset = contentOffset();
-    const Point largest = largestOffset();
-    dragStart_ = {beyondEnds(offset.x, largest.x, bounds().width, pullFor),
-                  beyondEnds(offset.y, largest.y, bounds().height, pullFor)};
+    const Point lowest = lowestEnd();
+    const Point highest = highestEnd();
+    dragStart_ = {beyondEnds(offset.x, lowest.x, highest.x, bounds().width, pullFor),
+                  beyondEnds(offset.y, lowest.y, highest.y, bounds().height, pullFor)};
     dragStartPage_ = {std::round(offset.x / bounds().width), std::round(offset.y / bounds().height)};
     showIndicators();
     if (delegate_) delegate_->scrollViewWillBeginDragging(*this);
@@ -174,9 +192,10 @@ void ScrollView::panMoved(Point moved) {
     dragged_ = {scrollsHorizontally() ? moved.x : 0, scrollsVertically() ? moved.y : 0};
     const Point pulled = dragStart_ - dragged_;
     if (!bounces_) return moveTo(clamped(pulled));
-    const Point largest = largestOffset();
-    moveTo({beyondEnds(pulled.x, largest.x, bounds().width, stretched),
-            beyondEnds(pulled.y, largest.y, bounds().height, stretched)});
+    const Point lowest = lowestEnd();
+    const Point highest = highestEnd();
+    moveTo({beyondEnds(pulled.x, lowest.x, highest.x, bounds().width, stretched),
+            beyondEnds(pulled.y, lowest.y, highest.y, bounds().height, stretched)});
 }
 
 void ScrollView::panEnded(Point velocity) {
@@ -195,15 +214,19 @@ void ScrollView::panEnded(Point velocity) {
 
 void ScrollView::decelerate(Point velocity) {
     const Point from = contentOffset();
-    const Point largest = largestOffset();
+    const Point lowest = lowestEnd();
+    const Point highest = highestEnd();
     const auto edge = bounces_ ? ScrollMotion::Edge::Bounces : ScrollMotion::Edge::Stops;
-    const auto motion = [&](double offset, double speed, double end, double length, double startPage) {
-        if (!paging_ || !(length > 0)) return ScrollMotion::glide(offset, speed, {0, end, edge});
+    const auto motion = [&](double offset, double speed, double low, double high, double length,
+                            double startPage) {
+        if (!paging_ || !(length > 0))
+            return ScrollMotion::glide(offset, speed, {low, high, edge}, decelerationRate_);
         const double page = pageAfter(startPage, offset / length, speed);
-        return ScrollMotion::spring(offset, speed, std::clamp(page * length, 0.0, end));
+        return ScrollMotion::spring(offset, speed, std::clamp(page * length, low, high));
     };
-    const ScrollMotion x = motion(from.x, velocity.x, largest.x, bounds().width, dragStartPage_.x);
-    const ScrollMotion y = motion(from.y, velocity.y, largest.y, bounds().height, dragStartPage_.y);
+    const Size size = bounds().size();
+    const ScrollMotion x = motion(from.x, velocity.x, lowest.x, highest.x, size.width, dragStartPage_.x);
+    const ScrollMotion y = motion(from.y, velocity.y, lowest.y, highest.y, size.height, dragStartPage_.y);
     if (x.isOverAt(0) && y.isOverAt(0)) return;
     platform::RunLoop& runLoop = window()->runLoop();
     deceleration_.emplace(Deceleration{

@@ -56,6 +56,14 @@ public:
     /// Whether the content can be drawn beyond its ends and swings back; true at first.
     void setBounces(bool bounces) { bounces_ = bounces; }
 
+    /// How far beyond the content the offset may go as if there were more of it; infinity for a side without
+    /// an end.
+    void setContentInset(const EdgeInsets& inset) { contentInset_ = inset; }
+
+    /// The share of its velocity that a thrown content keeps after each millisecond, between 0 and 1.
+    [[nodiscard]] double decelerationRate() const { return decelerationRate_; }
+    void setDecelerationRate(double rate);
+
     /// Even along an axis on which there is nothing to scroll.
     void setAlwaysBounceHorizontal(bool always) { alwaysHorizontal_ = always; }
     void setAlwaysBounceVertical(bool always) { alwaysVertical_ = always; }
@@ -74,6 +82,9 @@ public:
 protected:
     void didMoveToWindow() override;
 
+    /// A finger came down; true when it takes hold of content that moves.
+    bool panTouched() override;
+
 private:
     /// A rounded bar; what it lies over shines through.
     class Indicator : public View {
@@ -89,7 +100,6 @@ private:
         DisplayLink link;
     };
 
-    bool panTouched() override;
     bool panShouldBegin(Point moved) override;
     void panBegan() override;
     void panMoved(Point moved) override;
@@ -98,6 +108,8 @@ private:
     [[nodiscard]] bool scrollsHorizontally() const;
     [[nodiscard]] bool scrollsVertically() const;
     [[nodiscard]] Point clamped(Point offset) const;
+    [[nodiscard]] Point lowestEnd() const;
+    [[nodiscard]] Point highestEnd() const;
     void moveTo(Point offset);
     void stopMoving();
     void decelerate(Point velocity);
@@ -111,6 +123,8 @@ private:
     Indicator verticalIndicator_;
     PanGesture pan_{*this};
     ScrollDelegate* delegate_ = nullptr;
+    EdgeInsets contentInset_;
+    double decelerationRate_ = ScrollMotion::DECELERATION_RATE;
     bool paging_ = false;
     bool scrollEnabled_ = true;
     bool bounces_ = true;
