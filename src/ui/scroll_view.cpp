@@ -53,11 +53,19 @@ double beyondEnds(double offset, double lowest, double highest, double length, C
     return offset;
 }
 
-/// The page, counted from 0, at which a drag comes to rest.
-double pageAfter(double startPage, double page, double velocity) {
+/// The page, counted from 0. The last one begins at the end `highest`, though that be less than a whole page
+/// after the one before.
+double nearestPage(double offset, double length, double highest) {
+    const double page = std::round(offset / length);
+    return highest - offset < std::abs(page * length - offset) ? std::ceil(highest / length) : page;
+}
+
+/// The page at which a drag comes to rest.
+double pageAfter(double startPage, double offset, double velocity, double length, double highest) {
+    const double page = offset / length;
     if (velocity > PAGE_TURN_VELOCITY) return std::min(std::floor(page) + 1, startPage + 1);
     if (velocity < -PAGE_TURN_VELOCITY) return std::max(std::ceil(page) - 1, startPage - 1);
-    return std::round(page);
+    return nearestPage(offset, length, highest);
 }
 
 /// Where along a track an indicator lies, and how long it is.
@@ -183,7 +191,8 @@ void ScrollView::panBegan() {
     const Point highest = highestEnd();
     dragStart_ = {beyondEnds(offset.x, lowest.x, highest.x, bounds().width, pullFor),
                   beyondEnds(offset.y, lowest.y, highest.y, bounds().height, pullFor)};
-    dragStartPage_ = {std::round(offset.x / bounds().width), std::round(offset.y / bounds().height)};
+    dragStartPage_ = {nearestPage(offset.x, bounds().width, highest.x),
+                      nearestPage(offset.y, bounds().height, highest.y)};
     showIndicators();
     if (delegate_) delegate_->scrollViewWillBeginDragging(*this);
 }
@@ -221,7 +230,7 @@ void ScrollView::decelerate(Point velocity) {
                             double startPage) {
         if (!paging_ || !(length > 0))
             return ScrollMotion::glide(offset, speed, {low, high, edge}, decelerationRate_);
-        const double page = pageAfter(startPage, offset / length, speed);
+        const double page = pageAfter(startPage, offset, speed, length, high);
         return ScrollMotion::spring(offset, speed, std::clamp(page * length, low, high));
     };
     const Size size = bounds().size();

@@ -177,6 +177,10 @@ TEST_F(ScrollTest, APagerRestsOnWholePagesTurnsOneAtATime) {
     EXPECT_EQ(pageAfter({90, 100}, {50, 100}, 1), 1) << "less than half";
     EXPECT_EQ(pageAfter({90, 100}, {50, 100}, 0), 2) << "a short flick";
     EXPECT_EQ(pageAfter({95, 100}, {-60, 100}, 0), 3) << "a wild one turns one page too";
+    scroll.setContentSize({450, 200});
+    scroll.setContentOffset({350, 0});
+    EXPECT_EQ(pageAfter({50, 100}, {70, 100}, 1), 3.5) << "the last page, though it is half a one";
+    EXPECT_EQ(pageAfter({20, 100}, {50, 100}, 0), 3);
 }
 
 }  // namespace
