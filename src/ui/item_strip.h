@@ -24,7 +24,6 @@ struct ItemStrip {
     [[nodiscard]] double clampedOffset(double offset) const;
 
     /// The way from one to the other, round the ring where that is shorter.
-    [[nodiscard]] int distance(int fromIndex, int toIndex) const;
     [[nodiscard]] double distance(double fromOffset, double toOffset) const;
 
     [[nodiscard]] int pageCount() const;
@@ -42,12 +41,12 @@ struct ItemStrip {
     /// The last offset at which the window is filled; without meaning on a ring.
     [[nodiscard]] double largestOffset() const;
 
+    /// The place nearest to an offset at which the strip may rest when it pages.
+    [[nodiscard]] double nearestPageStart(double offset) const;
+
     /// Where an item is shown when the strip has been scrolled to `position`. On a ring it is the place that
     /// lies nearest to the middle of what is shown.
     [[nodiscard]] double placeOf(int index, double position) const;
-    [[nodiscard]] double offsetForItem(int index, double scrollOffset) const {
-        return placeOf(index, scrollOffset) - scrollOffset;
-    }
 
     /// A place on the ring for this offset at which a page begins, if there is one. Where the pages do not
     /// divide the ring, they lie otherwise in each round.

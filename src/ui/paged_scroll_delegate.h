@@ -11,8 +11,8 @@ namespace vorpel::ui {
 class PagedScrollView;
 class View;
 
-/// What a paged scroll view shows. A call may reload the view, scroll or destroy it; a reload asked for from
-/// here is done when the view is laid out next.
+/// What a paged scroll view shows. A call may reload the view, scroll or destroy it; a reload is done when
+/// the answer has been used.
 class PagedScrollViewDataSource {
 public:
     virtual ~PagedScrollViewDataSource() = default;

@@ -121,9 +121,9 @@ public:
     [[nodiscard]] bool animateWhileChanging() const { return animatesChanges_; }
     void setAnimateWhileChanging(bool animates) { animatesChanges_ = animates; }
 
-    /// Whether a finger's touch waits a moment for a drag before the items learn of it.
+    /// A wish only: items learn of a touch at once, and that it is cancelled when a drag takes it.
     [[nodiscard]] bool delaysContentTouches() const { return delaysTouches_; }
-    void setDelaysContentTouches(bool delays);
+    void setDelaysContentTouches(bool delays) { delaysTouches_ = delays; }
 
     [[nodiscard]] bool isDragging() const { return scroll_.isDragging(); }
     [[nodiscard]] bool isDecelerating() const { return scroll_.isDecelerating(); }
@@ -156,6 +156,7 @@ private:
         Size bounds;
         Size item;
         bool vertical = false;
+        int itemCount = 0;
 
         friend bool operator==(const Extent&, const Extent&) = default;
     };
@@ -168,10 +169,13 @@ private:
 
     // Those that call the data source or the delegate, and so may not return to a living view.
 
-    void updateLayout();
+    void update();
+    void layOut();
     void updateItemSizeAndCount();
     [[nodiscard]] Size askItemSize();
     void loadUnloadViews();
+    void loadWantedViews(bool whateverIsAsked);
+    void unloadAll();
     void unloadAllBut(const std::vector<int>& wanted);
     void loadViewAtIndex(int index);
     void loadIfDue();
@@ -187,12 +191,15 @@ private:
     [[nodiscard]] double itemLength() const { return along(itemSize_); }
     [[nodiscard]] bool isEndless() const { return strip_.wraps && strip_.itemCount > 1; }
     [[nodiscard]] double reachable(double offset) const;
+    [[nodiscard]] bool isNearlyAtRest() const;
     void settlePosition();
     void updateScrollViewDimensions();
     void updateBounce();
+    [[nodiscard]] Point contentOffsetFor(double position) const;
     void applyPosition();
     void layOutItemViews();
     void setFrameForView(View& view, int index);
+    void comeToRest(double offset);
     void updateAutoscroll();
     void autoscrollStep(double now);
 
@@ -203,6 +210,7 @@ private:
     Extent laidOut_;
     double position_ = 0;  // the offset, unclamped: drawn beyond an end, or gone round the ring
     double lastUpdateOffset_ = 0;
+    double travelEnd_ = 0;
     int previousItemIndex_ = 0;
     double autoscroll_ = 0;
     double lastTime_ = 0;
@@ -214,10 +222,13 @@ private:
     bool defersLoading_ = false;
     bool animatesChanges_ = false;
     bool suppressScrollEvent_ = false;
+    // What `update` has to do.
     bool reloadPending_ = false;
+    bool layoutPending_ = false;
+    bool loadPending_ = false;
     bool discardsViews_ = false;  // at the next reload: they are another data source's
     // Calls in course; what they set off is not to call again.
-    bool loading_ = false;
+    bool updating_ = false;
     bool tellingScroll_ = false;
     bool tellingItem_ = false;
     bool tellingArrival_ = false;
