@@ -265,6 +265,7 @@ void ScrollView::moveTo(Point offset) {
     if (offset == contentOffset()) return;
     content_.setFrame({-offset.x, -offset.y, contentSize().width, contentSize().height});
     placeIndicators();
+    contentDidMove();
     if (delegate_) delegate_->scrollViewDidScroll(*this);
 }
 

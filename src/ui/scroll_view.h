@@ -85,6 +85,9 @@ protected:
     /// A finger came down; true when it takes hold of content that moves.
     bool panTouched() override;
 
+    /// The content offset has changed; the delegate is told next. Must not destroy the view.
+    virtual void contentDidMove() {}
+
 private:
     /// A rounded bar; what it lies over shines through.
     class Indicator : public View {
