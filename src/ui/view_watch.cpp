@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/view.h"
 
+// Apart from the views: a compiler that sees both warns of a watch that the view it watched has let go.
+
 namespace vorpel::ui {
 
 ViewWatch::~ViewWatch() {
