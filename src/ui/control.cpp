@@ -115,4 +115,11 @@ bool Control::isNear(const Touch& touch) const {
     return bounds().insetBy(-FINGER_SLACK, -FINGER_SLACK).contains(touch.locationIn(*this));
 }
 
+bool isInControl(const View* view) {
+    for (; view; view = view->superview()) {
+        if (dynamic_cast<const Control*>(view)) return true;
+    }
+    return false;
+}
+
 }  // namespace vorpel::ui

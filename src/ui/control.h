@@ -110,4 +110,7 @@ private:
     bool selected_ = false;
 };
 
+/// Whether the view is a control or lies in one, which then is what a tap on it is meant for.
+[[nodiscard]] bool isInControl(const View* view);
+
 }  // namespace vorpel::ui

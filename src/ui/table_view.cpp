@@ -21,13 +21,6 @@ constexpr double FOOTER_GAP = 6;
 constexpr double SECTION_GAP = 12;
 constexpr double TEXT_SIZE = 13;
 
-bool isInControl(const View* view) {
-    for (; view; view = view->superview()) {
-        if (dynamic_cast<const Control*>(view)) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 TableView::TableView(const Rect& frame)
