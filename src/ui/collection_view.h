@@ -49,7 +49,7 @@ public:
     explicit CollectionView(const Rect& frame);
     ~CollectionView() override;
 
-    /// Not owned; null shows nothing. A layout that another collection view had leaves it. All is shown anew.
+    /// Not owned; null shows nothing. Another collection view that has it loses it.
     void setLayout(CollectionViewLayout* layout);
     [[nodiscard]] CollectionViewLayout* layout() const { return layout_; }
 
@@ -96,12 +96,12 @@ private:
         std::unique_ptr<CollectionViewCell> cell;
     };
 
-    /// Where the content stood when the layout changed.
+    /// Where the content stood before the layout changed: an item that was in sight, and the offset.
     struct Place {
         IndexPath path;
-        Rect frame;    // of that item
-        Point offset;  // of the content
-        Point result;  // the offset that was made of it
+        Rect frame;
+        Point offset;
+        Point result;  // the offset in the new layout
     };
 
     class LayoutPass;
@@ -115,9 +115,9 @@ private:
 
     [[nodiscard]] Rect visibleRect() const;
     void countItems(const LayoutPass& pass);
-    void followBounds();
-    void rememberPlace();
-    void returnToPlace();
+    void layOutContent(const LayoutPass& pass);
+    [[nodiscard]] std::optional<Place> findPlace() const;
+    void returnTo(const Place& place, const LayoutPass& pass);
     void showVisible(const LayoutPass& pass);
     void removeAllBut(const std::vector<LayoutAttributes>& wanted);
     void show(const LayoutAttributes& attributes, const LayoutPass& pass);
@@ -136,7 +136,7 @@ private:
     std::vector<std::unique_ptr<CollectionViewCell>> dequeued_;  // for the call that goes on
     std::optional<LayoutAttributes> asked_;                      // what that call is about
     Rect laidOutBounds_;
-    std::optional<Place> place_;
+    std::optional<Place> place_;  // of the last change of the layout
     bool needsReload_ = true;
     bool layoutChanged_ = true;
     bool layingOut_ = false;

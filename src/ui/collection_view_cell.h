@@ -32,13 +32,13 @@ class CollectionViewCellPool {
 public:
     using Factory = std::function<std::unique_ptr<CollectionViewCell>()>;
 
-    /// Of cells handed out from here on. Those in keeping that an earlier factory made are dropped.
+    /// Of the cells made from here on; those that are made already stay in use.
     void setFactory(const std::string& reuseIdentifier, Factory factory);
 
-    /// @throw std::invalid_argument when the identifier has no factory
+    /// @throw std::invalid_argument when the identifier has no factory, or a factory that makes nothing
     [[nodiscard]] std::unique_ptr<CollectionViewCell> take(const std::string& reuseIdentifier);
 
-    /// It leaves its superview.
+    /// One that was taken here and is in no tree any more.
     void giveBack(std::unique_ptr<CollectionViewCell> cell);
 
 private:

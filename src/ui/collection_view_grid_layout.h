@@ -95,9 +95,10 @@ private:
     [[nodiscard]] int numberOfItemsPerLineForSection(int section);
     [[nodiscard]] double aspectRatioForSection(int section);
     template <typename Value>
-    Value ask(std::optional<Value> (CollectionViewGridLayoutDelegate::*question)(CollectionViewGridLayout&,
-                                                                                 int),
-              int section, Value setting);
+    using Question = std::optional<Value> (CollectionViewGridLayoutDelegate::*)(CollectionViewGridLayout&,
+                                                                                int);
+    template <typename Value>
+    Value ask(Question<Value> question, int section, Value setting);
 
     [[nodiscard]] bool isVertical() const { return direction_ == ScrollDirection::Vertical; }
     [[nodiscard]] double along(Size size) const { return isVertical() ? size.height : size.width; }
@@ -119,7 +120,12 @@ private:
     [[nodiscard]] std::vector<LayoutAttributes> layoutAttributesForItemsInSection(int section) const;
     [[nodiscard]] std::optional<LayoutAttributes> headerAttributesForIndexPath(const IndexPath& path) const;
     [[nodiscard]] std::optional<LayoutAttributes> footerAttributesForIndexPath(const IndexPath& path) const;
+    [[nodiscard]] LayoutAttributes supplementaryAttributes(SupplementaryKind kind, int section, double start,
+                                                           double length) const;
     void addCellsInRect(const Section& section, const Rect& rect, std::vector<LayoutAttributes>& found) const;
+
+    /// Null when there is no such section.
+    [[nodiscard]] const Section* findSection(int section) const;
 
     int itemsPerLine_ = 1;
     double aspectRatio_ = 1;
