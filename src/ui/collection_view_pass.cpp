@@ -51,11 +51,11 @@ void CollectionView::countItems(const LayoutPass& pass) {
 }
 
 void CollectionView::layOutContent(const LayoutPass& pass) {
-    if (layout_ && bounds() != laidOutBounds_ && layout_->shouldInvalidateLayoutForBoundsChange(bounds())) {
-        layout_->invalidateLayout();
-    }
-    const std::optional<Place> place = layoutChanged_ ? findPlace() : std::nullopt;
+    const bool reshaped =
+        layout_ && bounds() != laidOutBounds_ && layout_->shouldInvalidateLayoutForBoundsChange(bounds());
+    const std::optional<Place> place = reshaped || layoutChanged_ ? findPlace() : std::nullopt;
     laidOutBounds_ = bounds();
+    if (reshaped) layout_->invalidateLayout();
     if (!std::exchange(layoutChanged_, false)) return;
     setContentSize(layout_ ? layout_->collectionViewContentSize() : Size{});
     if (place) returnTo(*place, pass);
