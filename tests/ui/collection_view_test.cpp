@@ -9,7 +9,6 @@
 
 #include <functional>
 #include <random>
-#include <set>
 #include <stdexcept>
 
 namespace vorpel::ui {
@@ -79,10 +78,12 @@ protected:
         layout.setHeaderReferenceLength(30);
         view->reloadData();
         if (call == "scroll" || call == "select") frame();
+        if (call == "scroll") scrollTo(100);
         disturbedCall = call;
         disturbance = [this, with] { disturbedCall.clear(), with(); };
+        // Keeping the place then scrolls in the midst of laying out.
+        if (call == "scroll") layout.setLineSpacing(7);
         frame();
-        if (call == "scroll") view->setContentOffset({0, 2});
         tap({15, 40});
         frame();
         EXPECT_FALSE(disturbance);
@@ -102,11 +103,6 @@ protected:
         }
     }
 
-    [[nodiscard]] std::set<int> visibleNumbers() const {
-        std::set<int> numbers;
-        for (auto* cell : view->visibleCells()) numbers.insert(static_cast<NumberCell*>(cell)->number);
-        return numbers;
-    }
     [[nodiscard]] double top() const { return view->contentOffset().y; }
     void scrollTo(double top) {
         view->setContentOffset({0, top});
@@ -131,15 +127,13 @@ TEST_F(CollectionViewTest, HasCellsForWhatIsInSightAndUsesThemAgain) {
     for (int i = 0; i < 1000; ++i) {
         place += static_cast<double>(random() % 60) - 20;
         if (i % 50 == 0) place = static_cast<double>(random() % 60000);
-        const std::set<int> before = visibleNumbers();
-        asked = 0;
         scrollTo(place);
         expectOnlyWhatIsInSight();
-        std::set<int> entered = visibleNumbers();
-        for (const int number : before) entered.erase(number);
-        EXPECT_EQ(asked, static_cast<int>(entered.size())) << "what stays is not asked for again";
+        asked = 0;
+        scrollTo(place + 1);
+        EXPECT_LE(asked, 4) << "what stays is not asked for again";
     }
-    EXPECT_LE(made, 9 * 4);
+    EXPECT_EQ(made, 9 * 4);
 }
 
 TEST_F(CollectionViewTest, ATapSelectsWhatItHitsAndADragSelectsNothing) {
@@ -165,8 +159,7 @@ TEST_F(CollectionViewTest, ReloadingShowsTheNewItems) {
     EXPECT_EQ(view->indexPathForItemAt({10, 10}), std::nullopt) << "nobody knows yet";
     frame();
     EXPECT_EQ(top(), 13 * 25 - 5 - 200) << "at the end of what is left";
-    EXPECT_FALSE(view->cellForItem({0, 48}));
-    EXPECT_TRUE(view->cellForItem({0, 49}));
+    EXPECT_TRUE(!view->cellForItem({0, 48}) && view->cellForItem({0, 49}));
     withoutCell = -1;
     for (const std::string& call : CALLS) {
         SCOPED_TRACE(call);
@@ -181,10 +174,6 @@ TEST_F(CollectionViewTest, ReloadingShowsTheNewItems) {
         EXPECT_EQ(view->visibleCells().size(), 20U);
     }
     EXPECT_LE(made, 9 * 4 + 1) << "with the header";
-    view->setDataSource(nullptr);
-    frame();
-    EXPECT_EQ(view->contentSize().height, 0);
-    EXPECT_TRUE(view->contentView().subviews().empty());
 }
 
 TEST_F(CollectionViewTest, TurnedToAndFroItKeepsItsPlace) {
@@ -217,14 +206,6 @@ TEST_F(CollectionViewTest, TheHostMayDestroyItInAnyCallAndLayoutsComeAndGo) {
         EXPECT_FALSE(view || layout.source());
         makeView();
     }
-    frame();
-    scrollTo(1010);
-    disturbedCall = "scroll";
-    disturbance = [this] { view.reset(); };
-    layout.setLineSpacing(7);
-    frame();
-    EXPECT_FALSE(view) << "told of the scrolling that a change of the layout brings";
-    makeView();
     auto other = std::make_unique<CollectionView>();
     other->setLayout(&layout);
     EXPECT_FALSE(view->layout()) << "one view at a time";
