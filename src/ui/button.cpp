@@ -110,6 +110,10 @@ void Button::setCornerRadius(double radius) {
     change(cornerRadius_, radius);
 }
 
+void Button::setGroundInsets(const EdgeInsets& insets) {
+    change(groundInsets_, insets);
+}
+
 bool Button::looksAlike(ControlState a, ControlState b) const {
     return titleForState(a) == titleForState(b) && titleColorForState(a) == titleColorForState(b) &&
            backgroundColorForState(a) == backgroundColorForState(b) && imageForState(a) == imageForState(b);
@@ -122,10 +126,11 @@ void Button::stateChanged() {
 void Button::draw(Painter& painter) {
     const ControlState shown = state();
     const Color ground = backgroundColorForState(shown);
+    const Rect groundRect = bounds().insetBy(groundInsets_);
     if (!ground.isClear() && cornerRadius_ > 0) {
-        painter.fill(Path::roundedRect(bounds(), cornerRadius_), ground);
+        painter.fill(Path::roundedRect(groundRect, cornerRadius_), ground);
     } else if (!ground.isClear()) {
-        painter.fill(bounds(), ground);
+        painter.fill(groundRect, ground);
     }
     const std::string& image = imageForState(shown);
     const Rect imageRect = bounds().insetBy(imageInsets_);

@@ -45,6 +45,9 @@ public:
     void setImageTint(const Color& color);
     void setCornerRadius(double radius);
 
+    /// What is left free around the ground; it can be pressed there too.
+    void setGroundInsets(const EdgeInsets& insets);
+
     void draw(Painter& painter) override;
 
 protected:
@@ -68,6 +71,7 @@ private:
     Font font_;
     Color imageTint_;
     TextAlignment alignment_ = TextAlignment::Center;
+    EdgeInsets groundInsets_;
     EdgeInsets titleInsets_;
     EdgeInsets imageInsets_;
     double minimumScale_ = 0.5;
