@@ -12,8 +12,10 @@ namespace vorpel {
 namespace {
 
 constexpr std::string_view FACES_AND_PEOPLE =
-    "💤 👹 👺 💀 👻 👽 👏 👐 👄 🙂 🙄 🤔 🤗 😷 😸 😹 😺 😻 😼 😽 😾 😿 🙀 🙈 🙉 🙊 👾 👿 💩 👋 👌 👍 👎 "
-    "👊 ✊ ✋ ✌️ 👈 👉 👆 👇 ☝️ 🙌 🙏 👏 ❤️ 💪 💅 👂 👃 👀 👅 🙅 🙆 🙇 🙋 🙍 🙎 💁 👶 👦 👧 👨 👩 "
+    "💤 👹 👺 💀 👻 👽 👏 👐 👄 🙂 🙄 🤔 🤗 😷 😸 😹 😺 😻 😼 😽 😾 😿 🙀 🙈 🙉 🙊 👾 👿 💩 👋 👌 👍 "
+    "👎 "
+    "👊 ✊ ✋ ✌️ 👈 👉 👆 👇 ☝️ 🙌 🙏 👏 ❤️ 💪 💅 👂 👃 👀 👅 🙅 🙆 🙇 🙋 🙍 🙎 💁 👶 👦 👧 👨 "
+    "👩 "
     "👴 👵 👱 👮 👷 💂 👸 👼 🎅 👰 👳 💃 👯 👫 👪 👕 👗 👠 👒 👑 🎩 💄 👛 👜 💼 🌂 👓 💍";
 
 // By the countries' English names, but for the last two; as their codes of two letters.

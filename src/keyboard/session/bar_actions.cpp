@@ -29,6 +29,7 @@ void VPKeyboardViewController::toggleSettingsView(bool shown) {
 }
 
 void VPKeyboardViewController::toggleSettings(bool hide) {
+    if (!hide) closeEmoji();
     KeyboardViewController::toggleSettings(hide);
     if (VPSuggestionsBanner* const banner = suggestionsBanner()) banner->settingsToggled(settingsOnShow());
     // What may be suggested and corrected may be another by now.

@@ -122,6 +122,11 @@ void VorpelKeyboardViewController::wordTapped(const std::string& word, int tag) 
     contextChanged();
 }
 
+void VorpelKeyboardViewController::emoctionSelectedSE(const std::string& emoji) {
+    forgetCorrection();
+    VPKeyboardViewController::emoctionSelectedSE(emoji);
+}
+
 void VorpelKeyboardViewController::backspaceDown(ui::Control& sender) {
     if (!undoCorrection()) {
         forgetCorrection();

@@ -49,6 +49,7 @@ public:
     void handleAutoPeriod(const Key& key) override;
     void backspaceDown(ui::Control& sender) override;
     void wordTapped(const std::string& word, int tag) override;
+    void emoctionSelectedSE(const std::string& emoji) override;
     void switchSettingsStateWithValues(bool on, const std::string& currWord, const std::string& prevWord,
                                        ui::Point touchPoint) override;
     void checkTheCurrentWord(ui::Point touchPoint) override;

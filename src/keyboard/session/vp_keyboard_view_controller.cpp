@@ -81,6 +81,7 @@ void VPKeyboardViewController::viewDidAppear() {
 
 void VPKeyboardViewController::viewWillDisappear() {
     KeyboardViewController::viewWillDisappear();
+    closeEmoji();
     removeSpellChecker();
     emojiObservation_ = {};
 }
@@ -121,7 +122,7 @@ void VPKeyboardViewController::EnglishClicked() {
 }
 
 bool VPKeyboardViewController::keysAreHidden() const {
-    return appNotYetOpened || KeyboardViewController::keysAreHidden();
+    return appNotYetOpened || emojiOnShow() || KeyboardViewController::keysAreHidden();
 }
 
 void VPKeyboardViewController::takeInputView(ui::View* textView) {
@@ -146,6 +147,7 @@ void VPKeyboardViewController::restoreInput() {
 }
 
 void VPKeyboardViewController::openCustom(ui::View& viewForCustom) {
+    closeEmoji();
     KeyboardViewController::openCustom(viewForCustom);
     inputChanged();
 }

@@ -3,6 +3,7 @@
 
 #include "keyboard/banner/vp_suggestions_banner.h"
 #include "keyboard/controller/keyboard_view_controller.h"
+#include "keyboard/emoji/vp_emoticon_keyboard_view.h"
 #include "keyboard/session/sentence_words.h"
 #include "keyboard/session/suggestion_labels.h"
 #include "keyboard/session/text_input_view.h"
@@ -24,7 +25,9 @@ namespace vorpel {
 /// in, and tells the host of finished words. Sentences are split on the global queue and the word service is
 /// asked on a serial queue of its own; everything else runs on the main thread, which waits for neither. A
 /// service that is slow, missing or failing costs its words and nothing else.
-class VPKeyboardViewController : public KeyboardViewController, public VPSuggestionsBannerDelegate {
+class VPKeyboardViewController : public KeyboardViewController,
+                                 public VPSuggestionsBannerDelegate,
+                                 public VPEmoticonKeyboardViewDelegate {
 public:
     static std::unique_ptr<VPKeyboardViewController> create(platform::Platform& platform);
 
@@ -40,6 +43,7 @@ public:
     void viewWillAppear() override;
     void viewDidAppear() override;
     void viewWillDisappear() override;
+    void viewDidLayoutSubviews() override;
     virtual void setupInitialState();
     void keyFramesValuesChanged() override;
     virtual void setUpSpellChecker();
@@ -70,9 +74,19 @@ public:
     void backspaceRepeatCallback() override;
     void showPopup(ui::Control& sender) override;
 
-    // The emoji page; nothing yet.
+    // The emoji keyboard, in place of the keys.
 
-    virtual void emojiClicked(ui::Control* /*sender*/) {}
+    void launchEmojiKeyboard() override { launchEmoji(); }
+    virtual void emojiClicked(ui::Control* /*sender*/) { launchEmoji(); }
+    virtual void launchEmoji();
+    void emoctionSelectedSE(const std::string& emoji) override;
+    void dismissTheEmoction() override;
+    void backspaceDownEmoction() override;
+    void backspaceUpEmoction() override;
+
+    /// Made when it is first asked for.
+    VPEmoticonKeyboardView& getSecondEmoction_Keyboardview();
+    [[nodiscard]] bool emojiOnShow() const;
 
     // Words.
 
@@ -152,11 +166,13 @@ protected:
 
     void readInputMode();
     [[nodiscard]] bool keysAreHidden() const override;
+    void updateAppearance() override;
 
 private:
     struct Life {};
 
     void observeEmojiKey();
+    void closeEmoji();
     void takeInputView(ui::View* textView);
     void deleteForBackspace();
     void keepLetters(const std::string& output);
@@ -180,6 +196,7 @@ private:
     unsigned requests_ = 0;   // made of the word service
     unsigned cleared_ = 0;    // the last request whose answer is not wanted any more
     std::unique_ptr<platform::OperationQueue> serialQueue_;
+    std::unique_ptr<VPEmoticonKeyboardView> second_emoction_;
 };
 
 }  // namespace vorpel

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "keyboard/emoji/emoticon_colors.h"
+
+#include "keyboard/model/preference_keys.h"
+#include "keyboard/theme/contrast.h"
+#include "keyboard/theme/theme_color.h"
+
+namespace vorpel {
+
+namespace {
+
+// The grounds are those of the keys, so that nothing but the page changes.
+constexpr ui::Color darkTheme = ui::Color::black();
+constexpr ui::Color lightTheme = ui::Color::rgb(0.8039, 0.8157, 0.8353);
+constexpr ui::Color GREY = ui::Color::rgb(0.29, 0.3, 0.31);
+
+// Shares of the text's colour, so that it suits any ground.
+constexpr double HIGHLIGHT_ALPHA = 0.14;
+
+}  // namespace
+
+EmoticonColors EmoticonColors::of(bool darkMode, const platform::UserDefaults& defaults) {
+    EmoticonColors colors;
+    colors.background =
+        themeColor(defaults, preferences::KEYBOARD_BACKGROUND_COLOR, darkMode ? darkTheme : lightTheme);
+    colors.text = darkMode ? ui::Color::white() : GREY;
+    colors.buttonTitle = themeColor(defaults, preferences::KEY_TEXT_COLOR, colors.text);
+    colors.buttonBackground = themeColor(defaults, preferences::KEY_COLOR, ui::Color::clear());
+    if (isThemed(defaults)) {
+        // No theme says what can be read where nothing but the ground is: one of its two texts can.
+        const ui::Color barText =
+            themeColor(defaults, preferences::SUGGESTION_TEXT_COLOR, colors.buttonTitle);
+        const bool barTextIsBetter =
+            contrast(barText, colors.background) > contrast(colors.buttonTitle, colors.background);
+        colors.text = barTextIsBetter ? barText : colors.buttonTitle;
+    }
+    colors.highlight = colors.text.withAlpha(HIGHLIGHT_ALPHA);
+    colors.indicator = colors.text;
+    return colors;
+}
+
+}  // namespace vorpel
