@@ -3,9 +3,13 @@
 
 #include "commands.h"
 #include "field_traits.h"
+#include "keyboard/emoji_finger.h"
+#include "platform/characters.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -178,6 +182,24 @@ void addStageOptions(CLI::App& command, StageShape& stage) {
     stage.field = host::traitsOfField("text");
 }
 
+int emojiPage(const std::string& name) {
+    const auto& names = emojiPageNames();
+    return static_cast<int>(std::ranges::find(names, name) - names.begin());
+}
+
+/// A number, or the emoji keyboard, on the page of faces where no other is named.
+void readPage(RenderArguments& arguments, const std::string& page) {
+    if (page == "emoji") {
+        if (arguments.emojiPage < 0) arguments.emojiPage = FACES_AND_PEOPLE;
+        return;
+    }
+    const char* const end = page.data() + page.size();
+    const auto read = std::from_chars(page.data(), end, arguments.page);
+    if (read.ec != std::errc() || read.ptr != end || arguments.page < 0) {
+        throw CLI::ValidationError("--page", "\"" + page + "\" is no page");
+    }
+}
+
 void addRender(CLI::App& app, Action& action) {
     auto arguments = std::make_shared<RenderArguments>();
     CLI::App* command =
@@ -185,7 +207,18 @@ void addRender(CLI::App& app, Action& action) {
                    "Example: vorpel render --page 1 --dark --out numbers.png", arguments, renderPage);
     addStageOptions(*command, arguments->stage);
     command->add_flag("--bar", arguments->stage.hasBar, "with the bar above the keys");
-    command->add_option("--page", arguments->page, "the page's number, where not the field's own");
+    command->add_option_function<std::string>(
+        "--page", [arguments](const std::string& page) { readPage(*arguments, page); },
+        "the page's number, where not the field's own, or \"emoji\"");
+    command
+        ->add_option_function<std::string>(
+            "--category", [arguments](const std::string& name) { arguments->emojiPage = emojiPage(name); },
+            "of the emoji page: recent, faces, animals, food, activity, travel, office, misc or flags")
+        ->check(CLI::IsMember(emojiPageNames()));
+    command->add_option_function<std::string>(
+        "--recent",
+        [arguments](const std::string& emoji) { arguments->stage.recentEmoji = platform::characters(emoji); },
+        "emoji that were used before, the latest first");
     command->add_option("--shift", arguments->shift, "off, on or locked")
         ->check(CLI::IsMember({"off", "on", "locked"}));
     CLI::Option* press =

@@ -65,7 +65,8 @@ int describePage(const PageArguments& arguments);
 
 struct RenderArguments {
     StageShape stage;
-    int page = -1;  ///< the one that the field asks for, when negative
+    int page = -1;       ///< the one that the field asks for, when negative
+    int emojiPage = -1;  ///< of the emoji keyboard, in place of the keys, when not negative
     std::string shift = "off";
     std::string press;  ///< the key that a finger rests on
     bool hold = false;  ///< until the key has opened its alternatives

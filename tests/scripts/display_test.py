@@ -72,6 +72,12 @@ class DisplayTest(unittest.TestCase):
             x, y, width, height = frames["Backspace" if key == "\b" else key]
             self.click(self.left + x + width / 2, self.bottom - page["height"] + y + height / 2)
 
+    def open_emoji(self) -> None:
+        page, = answer("page", "--language", "en", "--width", str(WIDTH), "--json")
+        x, y, width, height = next(key["frame"] for row in page["rows"] for key in row if key["type"] == "LaunchEmoji")
+        self.click(self.left + x + width / 2, self.bottom - page["height"] + y + height / 2)
+        time.sleep(0.5)
+
     def tap_label(self, number: int, height: float) -> None:
         time.sleep(1)
         self.click(self.left + (number - 0.5) * WIDTH / 3, self.bottom - height - BAR / 2)
@@ -83,6 +89,38 @@ class DisplayTest(unittest.TestCase):
         self.touch("yuo \b")
         text = self.end(window)
         self.assertRegex(text, r"\AI don't know \w+ yuo\Z", "the last correction was taken back")
+
+    def swipe(self, left: float, top: float, x: float, y: float) -> None:
+        """Of a mouse that draws what it has got hold of along, and lets go of it on the way."""
+        moves = [part for step in range(1, 9)
+                 for part in ("mousemove", str(round(left + x * step / 8)), str(round(top + y * step / 8)), "sleep", "0.016")]
+        self.xdotool("mousemove", "--sync", str(round(left)), str(round(top)), "mousedown", "1", "sleep", "0.04", *moves,
+                     "mouseup", "1", "sleep", "1.2")
+
+    def test_emoji_are_opened_scrolled_paged_and_typed(self) -> None:
+        window = self.start(Language="en")
+        self.touch("hi")
+        self.open_emoji()
+        first = (self.left + 25, self.bottom - 216 + 20)
+        self.click(*first)  # a face
+        self.swipe(self.left + 300, self.bottom - 120, -150, 0)
+        self.click(*first)  # an animal
+        self.swipe(self.left + 180, self.bottom - 90, 0, -100)
+        self.click(*first)  # another one, further down
+        self.click(self.left + 40 + 295 * 8.5 / 9, self.bottom - 20)  # the icon of the flags
+        time.sleep(0.5)
+        self.click(*first)
+        self.xdotool("mousemove", str(self.left + WIDTH - 20), str(self.bottom - 20), "mousedown", "1", "sleep", "0.8",
+                     "mouseup", "1")
+        self.click(*first)
+        self.click(self.left + 20, self.bottom - 20)  # ABC
+        self.touch("o")
+        text = self.end(window)
+        self.assertRegex(text, r"\A(Hi)?.*🇦🇫o\Z")
+        settings = json.loads((self.folder / "vorpel" / "preferences.json").read_text(encoding="utf-8"))
+        recent = settings["recent"]
+        self.assertEqual([recent[0], *recent[2:]], ["🇦🇫", "🐌", "😀"])
+        self.assertIn(recent[1], map(chr, range(0x1F40D, 0x1F43E)))
 
     def test_a_desks_keyboard_types_too(self) -> None:
         window = self.start(Language="en")

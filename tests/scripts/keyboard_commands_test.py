@@ -57,7 +57,8 @@ class KeyboardTest(unittest.TestCase):
     def test_a_picture_has_the_pixels_it_was_asked_for(self) -> None:
         for size, options in (((750, 432), []), ((1125, 648), ["--scale", "3", "--dark", "--page", "12"]),
                               ((1000, 243), ["--scale", "1.5", "--landscape", "--width", "667"]),
-                              ((750, 522), ["--bar", "--press", "t"]), ((640, 432), ["--width", "320", "--settings"])):
+                              ((750, 522), ["--bar", "--press", "t"]), ((2048, 432), ["--width", "1024", "--page", "emoji"]),
+                              ((640, 432), ["--category", "recent", "--recent", "😀", "--width", "320"]), ((640, 432), ["--width", "320", "--settings"])):
             out = self.folder / "page.png"
             done = run("render", *options, "--out", out)
             self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
@@ -72,6 +73,11 @@ class KeyboardTest(unittest.TestCase):
             with self.subTest(typed):
                 self.assertEqual(field_after(*options, typed), field)
         self.assertNotEqual(field_after("--jitter", "3", "a rather long sentence"), "")
+
+    def test_emoji_are_found_and_typed(self) -> None:
+        """By their icons, and by scrolling: the last flag is far down, on a low keyboard too."""
+        for options in ([], ["--language", "ar"], ["--width", "320", "--height", "140"], ["--landscape", "--width", "667"]):
+            self.assertEqual(field_after(*options, "😀🐌 🇻🇪❤️✌️💍 "), "😀🐌 🇻🇪❤️✌️💍", options)
 
     def test_learnt_words_are_listed_and_forgotten(self) -> None:
         surroundings = {"XDG_DATA_HOME": str(self.folder)}
@@ -124,7 +130,9 @@ class KeyboardTest(unittest.TestCase):
         for status, reason, arguments in (
                 (1, "page 9", ["page", "--page", "9"]), (1, "page 700", ["render", "--page", "700", "--out", out]),
                 (1, "nowhere", ["render", "--out", self.folder / "nowhere" / "x.png"]),
-                (1, "no key", ["render", "--press", "ß", "--out", out]), (1, "no key", ["type", "a😀"]),
+                (1, "no key", ["render", "--press", "ß", "--out", out]), (1, "no key", ["type", "a𐍈"]),
+                (1, "no key for emoji", ["type", "--field", "email", "a😀"]),
+                (2, "--page", ["render", "--page", "emojis", "--out", out]),
                 (2, "--width", ["page", "--width", "0"]), (2, "--out", ["render"]), (2, "--field", ["type", "--field", "x", "a"])):
             with self.subTest(reason):
                 done = run(*arguments)

@@ -62,10 +62,12 @@ KeyboardStage::KeyboardStage(const StageShape& shape)
                 .screen = screen_,
                 .device = device_,
                 .globalQueue = queues_.global(),
-                .makeOperationQueue = [this] { return queues_.makeOperationQueue(); }},
+                .makeOperationQueue = [this] { return queues_.makeOperationQueue(); },
+                .emojiCoverage = &emojiCoverage_},
       window_(runLoop_) {
     userDefaults_.setString(preferences::LANGUAGE, shape.language);
     userDefaults_.setBool(preferences::kAutoCorrection, shape.autoCorrects);
+    if (!shape.recentEmoji.empty()) userDefaults_.setStringArray(preferences::RECENT, shape.recentEmoji);
     host_.orientation = shape.isLandscape ? platform::InterfaceOrientation::Landscape
                                           : platform::InterfaceOrientation::Portrait;
     platform::TextInputTraits traits = shape.field;
@@ -117,6 +119,23 @@ void KeyboardStage::tap(ui::Point point) {
     window_.touchUp(FINGER, point);
     settle();
     advance(PAUSE);
+}
+
+void KeyboardStage::drag(ui::Point from, ui::Point to) {
+    constexpr int FINGER = 1;
+    constexpr int STEPS = 20;
+    const ui::Point way = to - from;
+    window_.touchDown(FINGER, from);
+    for (int step = 1; step <= STEPS; ++step) {
+        advance(1 / ui::DisplayLink::FRAMES_PER_SECOND);
+        const double share = static_cast<double>(step) / STEPS;
+        window_.touchMoved(FINGER, {from.x + way.x * share, from.y + way.y * share});
+    }
+    advance(PAUSE);
+    window_.touchUp(FINGER, to);
+    settle();
+    advance(PAUSE);
+    window_.layoutIfNeeded();
 }
 
 ui::Rect KeyboardStage::frameOf(const Key& key) {

@@ -8,11 +8,13 @@
 #include "platform/plain_text_field.h"
 #include "platform/platform.h"
 #include "platform/posix/folder_bundle.h"
+#include "ui/cairo/font_emoji_coverage.h"
 #include "ui/window.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vorpel::cli {
 
@@ -28,7 +30,8 @@ struct StageShape {
     bool isDark = false;
     bool hasBar = false;  ///< the bar above the keys is on show
     bool autoCorrects = false;
-    std::string themeFile;  ///< empty for the built-in look
+    std::string themeFile;                 ///< empty for the built-in look
+    std::vector<std::string> recentEmoji;  ///< the latest first
     platform::TextInputTraits field;
     WordServiceFactory words;  ///< in place of the language's own; empty for that
 };
@@ -45,6 +48,7 @@ public:
     [[nodiscard]] ui::Window& window() { return window_; }
     [[nodiscard]] platform::PlainTextField& field() { return host_.field; }
     [[nodiscard]] double scale() const { return screen_.scale(); }
+    [[nodiscard]] const platform::Platform& platform() const { return platform_; }
 
     /// The whole keyboard, in points.
     [[nodiscard]] ui::Size size();
@@ -56,6 +60,9 @@ public:
 
     /// A finger down and up again, in the window's points, and the time that takes.
     void tap(ui::Point point);
+
+    /// A finger that draws what lies under it along, and rests before it lets go.
+    void drag(ui::Point from, ui::Point to);
 
     /// The key's frame in the window's points, while it is on show.
     [[nodiscard]] ui::Rect frameOf(const Key& key);
@@ -87,6 +94,7 @@ private:
     platform::FolderBundle bundle_;
     platform::PlainScreen screen_;
     platform::PlainDevice device_;
+    ui::FontEmojiCoverage emojiCoverage_;
     WatchedQueues queues_;
     Host host_;
     platform::Platform platform_;

@@ -20,6 +20,10 @@ int renderPage(const RenderArguments& arguments) {
     }
     if (arguments.shift == "on") stage.controller().setShiftState(ShiftState::Enabled);
     if (arguments.shift == "locked") stage.controller().setShiftState(ShiftState::Locked);
+    if (arguments.emojiPage >= 0) {
+        stage.controller().launchEmoji();
+        stage.controller().getSecondEmoction_Keyboardview().setCurrentIndex(arguments.emojiPage);
+    }
     if (arguments.settings) stage.controller().toggleSettings(false);
     if (!arguments.press.empty()) {
         const Key* const key =

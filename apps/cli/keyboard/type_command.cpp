@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands.h"
 #include "keyboard/columns.h"
+#include "keyboard/emoji_finger.h"
 #include "keyboard/key_finder.h"
 #include "keyboard/keyboard_stage.h"
 #include "platform/characters.h"
@@ -31,6 +32,7 @@ class Typist {
 public:
     Typist(KeyboardStage& stage, const TypeArguments& arguments)
         : stage_(stage),
+          emoji_(stage),
           random_(static_cast<unsigned>(arguments.jitter)),
           strays_(arguments.jitter != 0),
           takesWords_(arguments.takesWords) {}
@@ -48,6 +50,11 @@ private:
     [[nodiscard]] int page() const { return stage_.controller().currentMode(); }
 
     void typeCharacter(const std::string& character) {
+        if (const auto emojiPage = emoji_.pageWith(character)) return typeEmoji(character, *emojiPage);
+        if (emoji_.isOpen()) {
+            emoji_.close();
+            print("ABC");
+        }
         const std::string text = character == "\r\n" ? "\n" : character;
         const auto path = pathToKey(plane(), page(), text);
         if (!path) throw std::runtime_error("no key types \"" + character + "\"");
@@ -58,6 +65,20 @@ private:
         const Key* const shift = needsShift ? findKey(plane(), page(), "shift") : nullptr;
         if (shift) press(*shift);
         press(key);
+    }
+
+    void typeEmoji(const std::string& emoji, int emojiPage) {
+        if (!emoji_.isOpen()) {
+            const Key* const key = findKey(plane(), page(), "emoji");
+            if (!key) throw std::runtime_error("the page has no key for emoji, and no key types " + emoji);
+            press(*key);
+        }
+        if (emoji_.page() != emojiPage) {
+            emoji_.showPage(emojiPage);
+            print(emojiPageNames()[static_cast<std::size_t>(emojiPage)]);
+        }
+        emoji_.tapEmoji(emoji);
+        print(emoji);
     }
 
     /// Taps the word that is being typed where the bar shows it, which brings its blank.
@@ -125,6 +146,7 @@ private:
     }
 
     KeyboardStage& stage_;
+    EmojiFinger emoji_;
     std::mt19937 random_;
     bool strays_;
     bool takesWords_;
