@@ -12,6 +12,7 @@
 #include "sdl_session.h"
 #include "text/diagnostics.h"
 #include "theme_files.h"
+#include "ui/cairo/font_emoji_coverage.h"
 #include "window_host.h"
 
 #include <cstdio>
@@ -42,6 +43,7 @@ void runPlayground(const Options& options) {
     platform::RunLoop runLoop(clock);
     sdl.wake(runLoop);
     KeyClick click;
+    const ui::FontEmojiCoverage emojiCoverage;
     platform::ThreadPool workQueue(2);
     platform::ThreadPool saving(1);  // apart: what is typed waits for no disk
     platform::FileUserDefaults settings(
@@ -56,6 +58,7 @@ void runPlayground(const Options& options) {
          .makeOperationQueue = [] { return std::make_unique<platform::ThreadOperationQueue>(); },
          .textChecker = &words,
          .systemSound = &click,
+         .emojiCoverage = &emojiCoverage,
          .themes = host::findThemes(report)});
     if (!options.themeFile.empty()) {
         playground.keyboard().themeChangeAccordingly(host::readTheme(options.themeFile));

@@ -29,6 +29,7 @@ struct Services {
     std::function<std::unique_ptr<platform::OperationQueue>()> makeOperationQueue;
     platform::TextChecker* textChecker = nullptr;
     platform::SystemSound* systemSound = nullptr;
+    const platform::EmojiCoverage* emojiCoverage = nullptr;
     std::vector<host::NamedTheme> themes = {};  ///< to choose from, beside the built-in look
 };
 
