@@ -1,55 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 // How long the keyboard takes to be there, to be drawn, and to answer a finger. The figures are milliseconds
 // on the wall; beside them stands how often the same picture could have been filled with one colour.
-#include "field_traits.h"
 #include "keyboard/key_finder.h"
-#include "keyboard/keyboard_stage.h"
+#include "keyboard_figures.h"
 #include "options.h"
-#include "stopwatch.h"
 #include "suggestion/vp_word_suggestions.h"
-#include "ui/cairo/bitmap.h"
 #include "ui/cairo/cairo_painter.h"
-#include "ui/cairo/drawing_resources.h"
 #include "ui/cairo/handles.h"
-#include "ui/cairo/paint_window.h"
-
-#include <json/json.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
 
 namespace vorpel::bench {
 
 namespace {
-
-// A large phone: 1080 x 648 pixels of keys.
-constexpr double WIDTH = 360;
-constexpr double HEIGHT = 216;
-constexpr double SCALE = 3;
-constexpr int ROUNDS = 400;
-
-using Work = std::function<void()>;
-
-double millisecondsOf(const Work& work) {
-    return timed(work).wall * 1e-3;
-}
-
-cli::StageShape largePhone() {
-    cli::StageShape shape;
-    shape.width = WIDTH;
-    shape.height = HEIGHT;
-    shape.scale = SCALE;
-    shape.field = host::traitsOfField("text");
-    return shape;
-}
 
 /// A word service that nobody would wait for.
 class SlowWords final : public WordService {
@@ -64,50 +34,6 @@ public:
         std::this_thread::sleep_for(DELAY);
         return {};
     }
-};
-
-/// A keyboard on show, with all that it has painted before at hand.
-struct Shown {
-    explicit Shown(const cli::StageShape& shape = largePhone()) : stage(shape) { paint(); }
-
-    cli::KeyboardStage stage;
-    ui::Bitmap bitmap = ui::Bitmap::covering(stage.size(), SCALE);
-    ui::DrawingResources resources{SCALE};
-
-    void paint() { paintWindow(stage.window(), bitmap, resources); }
-
-    void paintAll() {
-        stage.window().damageAll();
-        paint();
-    }
-};
-
-class Figures {
-public:
-    explicit Figures(int rounds) : rounds_(rounds) {}
-
-    /// `prepare` is not counted.
-    void measure(const char* name, const Work& prepare, const Work& work) {
-        std::vector<double> times;
-        for (int i = 0; i < rounds_; ++i) {
-            prepare();
-            times.push_back(millisecondsOf(work));
-        }
-        std::ranges::sort(times);
-        const auto share = [&](double part) { return times[static_cast<std::size_t>(part * (rounds_ - 1))]; };
-        for (const auto& [label, part] : {std::pair("p50", 0.5), {"p95", 0.95}, {"p99", 0.99}}) {
-            json_[name][label] = share(part);
-        }
-        if (reference_ == 0) reference_ = share(0.5);
-        json_[name]["fills"] = share(0.5) / reference_;
-    }
-
-    Json::Value& json() { return json_; }
-
-private:
-    int rounds_;
-    double reference_ = 0;
-    Json::Value json_{Json::objectValue};
 };
 
 ui::Point middleOf(Shown& shown, const char* text) {
@@ -204,6 +130,7 @@ int run(const Options& options) {
     measurePress(figures, *shown);
     measureWords(figures);
     measureWithSlowWords(figures);
+    measureEmoji(figures);
     figures.json()["start_to_first_frame"] = first;
     figures.json()["second_start_to_frame"] = millisecondsOf([] { const Shown again; });
     std::printf("%s", figures.json().toStyledString().c_str());
