@@ -32,8 +32,8 @@ struct Platform {
     const Device& device;
     WorkQueue& globalQueue;
     std::function<std::unique_ptr<OperationQueue>()> makeOperationQueue;
-    TextChecker* textChecker = nullptr;  ///< may be null: nothing is learnt
-    SystemSound* systemSound = nullptr;  ///< may be null: the keys make no sound
+    TextChecker* textChecker = nullptr;            ///< may be null: nothing is learnt
+    SystemSound* systemSound = nullptr;            ///< may be null: the keys make no sound
     const EmojiCoverage* emojiCoverage = nullptr;  ///< may be null: every emoji is offered
 };
 

@@ -5,7 +5,6 @@
 
 #include <pango/pangocairo.h>
 
-
 namespace vorpel::ui {
 
 namespace {

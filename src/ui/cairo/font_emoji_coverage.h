@@ -4,16 +4,16 @@
 #include "platform/emoji_coverage.h"
 #include "ui/cairo/handles.h"
 
-#include <hb.h>
 #include <pango/pango.h>
 
+#include <hb.h>
 #include <memory>
 #include <string>
 
 namespace vorpel::ui {
 
-/// What the emoji font that text is drawn with has pictures of. The font is read when it is first asked; after
-/// that a whole page of emoji can be asked about at once. Without that font nothing can be drawn.
+/// What the emoji font that text is drawn with has pictures of. The font is read when it is first asked;
+/// after that a whole page of emoji can be asked about at once. Without that font nothing can be drawn.
 class FontEmojiCoverage final : public platform::EmojiCoverage {
 public:
     [[nodiscard]] bool canDraw(const std::string& emoji) const override;
