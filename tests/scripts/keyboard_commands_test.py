@@ -57,7 +57,7 @@ class KeyboardTest(unittest.TestCase):
     def test_a_picture_has_the_pixels_it_was_asked_for(self) -> None:
         for size, options in (((750, 432), []), ((1125, 648), ["--scale", "3", "--dark", "--page", "12"]),
                               ((1000, 243), ["--scale", "1.5", "--landscape", "--width", "667"]),
-                              ((750, 522), ["--bar", "--press", "t"]), ((2048, 432), ["--width", "1024", "--page", "emoji"]),
+                              ((750, 522), ["--bar", "--press", "t"]), ((2048, 452), ["--width", "1024", "--page", "emoji"]),
                               ((640, 432), ["--category", "recent", "--recent", "😀", "--width", "320"]), ((640, 432), ["--width", "320", "--settings"])):
             out = self.folder / "page.png"
             done = run("render", *options, "--out", out)

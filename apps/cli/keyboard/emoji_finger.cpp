@@ -14,6 +14,9 @@ constexpr int MOST_DRAGS = 60;
 // Of the scroller's length: a finger keeps away from the edges.
 constexpr double LONGEST_DRAG = 0.6;
 
+// Points: what is out of sight by less can be tapped.
+constexpr double HARDLY_CUT = 0.5;
+
 /// Without the mark that asks for a picture, which may be left out.
 std::string plain(std::string emoji) {
     static const std::string MARK = "\uFE0F";
@@ -27,8 +30,8 @@ double wayInto(double low, double high, double length) {
     const double longest = length * LONGEST_DRAG;
     // The content follows a finger only from there on, where it is no tap any more.
     const double more = ui::PanGesture::SLOP + 1;
-    if (low < 0) return std::min(more - low, longest);
-    if (high > length) return -std::min(more + high - length, longest);
+    if (low < -HARDLY_CUT) return std::min(more - low, longest);
+    if (high > length + HARDLY_CUT) return -std::min(more + high - length, longest);
     return 0;
 }
 
