@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ui/cairo/font_emoji_coverage.h"
 #include "ui/cairo_canvas.h"
 
 #include <gtest/gtest.h>
@@ -155,6 +156,33 @@ TEST(CairoParagraphTest, IsDrawnFromTheUpperEdgeAtItsSide) {
     EXPECT_NEAR(inkOf(TextAlignment::Right).right(), rect.right(), 2);
     EXPECT_NEAR(inkOf(TextAlignment::Center).center().x, rect.center().x, 2);
     EXPECT_LT(inkOf(TextAlignment::Left).y, rect.y + SMALL.size);
+}
+
+TEST(CairoTextTest, EmojiAreOnePictureInColourOrNone) {
+    const ui::FontEmojiCoverage coverage;
+    const std::pair<const char*, bool> emoji[] = {
+        {"😀", true},           {"🇻🇪", true},  {"👨‍👩‍👧", true},
+        {"⚽\uFE0E", true},     {"❤", true},   {"❤️", true},
+        {"✌️", true},      {"🇦🇦", false}, {"😀😀", false},
+        {"\U0010FFFF", false}, {"ش", false},  {"", false}};
+    for (const auto& [text, isPicture] : emoji) EXPECT_EQ(coverage.canDraw(text), isPicture) << text;
+    const TextStyle style{.font = {30, FontWeight::Regular, ui::FontFace::Emoji}};
+    for (const std::string text : {"😀", "🇻🇪", "⚽\uFE0E", "❤", "☝️"}) {
+        CairoCanvas canvas;
+        canvas.text(text, MIDDLE, style);
+        const Rect ink = canvas.inkBounds();
+        EXPECT_NEAR(ink.center().x, MIDDLE.center().x, 3) << text;
+        EXPECT_NEAR(ink.center().y, MIDDLE.center().y, 3) << text;
+        EXPECT_GT(ink.width, 22) << text;
+        EXPECT_GT(canvas.colouredPixels(), text.starts_with("⚽") ? -1 : 100) << text;
+    }
+    // As text, a ball is a sign; and what has too little room is set smaller.
+    EXPECT_EQ(CairoCanvas().text("⚽\uFE0E", MIDDLE, {.font = {30}}).colouredPixels(), 0);
+    const TextStyle shrinking{.font = style.font, .minimumScale = 0.2};
+    const Rect narrow{20, 20, 16, 60};
+    const Rect ink = inkOf("😀", shrinking, narrow);
+    EXPECT_GT(ink.width, 10);
+    EXPECT_EQ(ink.intersection(narrow.insetBy(-1, 0)), ink);
 }
 
 }  // namespace

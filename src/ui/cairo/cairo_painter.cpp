@@ -138,7 +138,14 @@ void CairoPainter::drawImage(const std::string& path, const Rect& rect, const Co
     const int width = static_cast<int>(std::lround(std::clamp(rect.width * scale, 0.0, 8192.0)));
     const int height = static_cast<int>(std::lround(std::clamp(rect.height * scale, 0.0, 8192.0)));
     cairo_surface_t* const image = resources_.images().image(path, width, height);
-    if (!image) return;
+    if (image) paintPixels(image, rect, tint);
+}
+
+/// A picture of about as many pixels as the rectangle has.
+void CairoPainter::paintPixels(cairo_surface_t* image, const Rect& rect, const Color& tint) {
+    const double scale = resources_.scale();
+    const int width = cairo_image_surface_get_width(image);
+    const int height = cairo_image_surface_get_height(image);
     cairo_save(context_);
     cairo_translate(context_, rect.x, rect.y);
     cairo_scale(context_, 1 / scale, 1 / scale);
@@ -162,12 +169,25 @@ void CairoPainter::drawImage(const std::string& path, const Rect& rect, const Co
 
 void CairoPainter::drawText(const std::string& text, const Rect& rect, const TextStyle& style) {
     if (text.empty() || rect.isEmpty() || style.color.isClear()) return;
+    if (style.font.face == FontFace::Emoji && drawEmoji(text, rect, style)) return;
     TextLayouts& texts = resources_.texts();
     const TextLine& line = texts.fittedLine(text, style.font, rect.width, style.minimumScale);
     const double baseline = rect.center().y + texts.baselineBelowMiddle(line, style.font);
     setColor(style.color);
     cairo_move_to(context_, leftEdge(rect, line.width, style.alignment), baseline);
     pango_cairo_show_layout_line(context_, pango_layout_get_line_readonly(line.layout.get(), 0));
+}
+
+bool CairoPainter::drawEmoji(const std::string& text, const Rect& rect, const TextStyle& style) {
+    const double scale = resources_.scale();
+    cairo_surface_t* const picture = resources_.emoji().picture(text, style.font.size * scale);
+    if (!picture) return false;
+    const double width = cairo_image_surface_get_width(picture) / scale;
+    const double height = cairo_image_surface_get_height(picture) / scale;
+    if (width > rect.width) return false;
+    const Rect place{leftEdge(rect, width, style.alignment), rect.center().y - height / 2, width, height};
+    paintPixels(picture, place, Color::clear());
+    return true;
 }
 
 Size CairoPainter::measureText(const std::string& text, const Font& font) {

@@ -43,6 +43,10 @@ public:
 
 private:
     void setColor(const Color& color);
+    void paintPixels(cairo_surface_t* image, const Rect& rect, const Color& tint);
+
+    /// @return false where text must be drawn: there is no one picture of it, or no room for its size
+    bool drawEmoji(const std::string& text, const Rect& rect, const TextStyle& style);
 
     cairo_t* context_;
     DrawingResources& resources_;

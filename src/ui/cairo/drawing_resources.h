@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ui/cairo/emoji_pictures.h"
 #include "ui/cairo/images.h"
 #include "ui/cairo/shadows.h"
 #include "ui/cairo/text_layouts.h"
@@ -22,12 +23,14 @@ public:
 
     [[nodiscard]] double scale() const { return scale_; }
     [[nodiscard]] TextLayouts& texts() { return texts_; }
+    [[nodiscard]] EmojiPictures& emoji() { return emoji_; }
     [[nodiscard]] Images& images() { return images_; }
     [[nodiscard]] Shadows& shadows() { return shadows_; }
 
 private:
     double scale_;
     TextLayouts texts_;
+    EmojiPictures emoji_;
     Images images_;
     Shadows shadows_;
 };
