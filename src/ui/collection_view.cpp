@@ -6,6 +6,7 @@
 #include "ui/touch.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace vorpel::ui {
@@ -13,6 +14,7 @@ namespace vorpel::ui {
 CollectionView::CollectionView(const Rect& frame)
     : ScrollView(frame), tap_([this](const Touch& touch) { tapped(touch); }) {
     tap_.setShouldReceive([](const Touch& touch) { return !isInControl(touch.view()); });
+    tap_.setMayRest();
     tap_.attachTo(*this);
 }
 
@@ -105,15 +107,28 @@ void CollectionView::contentDidMove() {
     setNeedsLayout();
 }
 
-void CollectionView::tapped(const Touch& touch) {
-    if (!selectionDelegate_) return;
-    // What the finger saw, which is not where a layout changed since would have it.
-    const Point place = touch.locationIn(contentView());
+/// What the finger saw, which is not where a layout changed since would have it.
+const CollectionView::Shown* CollectionView::shownNear(Point place) const {
+    const Shown* nearest = nullptr;
+    double least = tapMargin_;
     for (const Shown& shown : shown_) {
-        const LayoutAttributes tapped = shown.attributes;
-        if (tapped.kind || !shown.cell || !tapped.frame.contains(place)) continue;
-        return selectionDelegate_->didSelectItemAtIndexPath(*this, tapped.path);
+        if (shown.attributes.kind || !shown.cell) continue;
+        const Rect& frame = shown.attributes.frame;
+        if (frame.contains(place)) return &shown;
+        const double dx = std::max({frame.x - place.x, 0.0, place.x - frame.right()});
+        const double dy = std::max({frame.y - place.y, 0.0, place.y - frame.bottom()});
+        if (std::hypot(dx, dy) >= least) continue;
+        least = std::hypot(dx, dy);
+        nearest = &shown;
     }
+    return nearest;
+}
+
+void CollectionView::tapped(const Touch& touch) {
+    const Shown* const shown = shownNear(touch.locationIn(contentView()));
+    if (!selectionDelegate_ || !shown) return;
+    const IndexPath path = shown->attributes.path;
+    selectionDelegate_->didSelectItemAtIndexPath(*this, path);
 }
 
 }  // namespace vorpel::ui

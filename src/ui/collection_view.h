@@ -62,6 +62,9 @@ public:
     /// What the layout asks for single sections; of the kind that the layout names. Not owned; null for none.
     void setLayoutDelegate(CollectionViewLayoutDelegate* delegate);
 
+    /// In points: so far beside an item a tap still means it, if no other is nearer; 0 at first.
+    void setTapMargin(double margin) { tapMargin_ = margin; }
+
     /// How cells of that name are made; to be told before one is dequeued.
     void registerCell(const std::string& reuseIdentifier, CollectionViewCellPool::Factory factory);
 
@@ -124,6 +127,7 @@ private:
     [[nodiscard]] CollectionViewCell* askForCell(const LayoutAttributes& attributes);
     [[nodiscard]] std::unique_ptr<CollectionViewCell> takeDequeued(const CollectionViewCell* cell);
     void giveBackDequeued();
+    [[nodiscard]] const Shown* shownNear(Point place) const;
     void tapped(const Touch& touch);
 
     CollectionViewLayout* layout_ = nullptr;
@@ -140,6 +144,7 @@ private:
     bool needsReload_ = true;
     bool layoutChanged_ = true;
     bool layingOut_ = false;
+    double tapMargin_ = 0;
     TapGesture tap_;
 };
 

@@ -23,7 +23,15 @@ void GestureRecognizer::detach() {
 }
 
 void GestureRecognizer::claim(Touch& touch) {
-    if (Window* const window = view_ ? view_->window() : nullptr) window->claimTouch(touch, *this);
+    if (Window* const window = view_ ? view_->window() : nullptr) {
+        window->takeTouch(touch, *this, [](const GestureRecognizer&) { return true; });
+    }
+}
+
+void GestureRecognizer::hold(Touch& touch) {
+    if (Window* const window = view_ ? view_->window() : nullptr) {
+        window->takeTouch(touch, *this, [](const GestureRecognizer& other) { return !other.mayClaimHeld(); });
+    }
 }
 
 bool GestureRecognizer::leaveView() {

@@ -34,6 +34,12 @@ protected:
     /// From here on the touch is told to this recognizer alone; for the view and the others it is cancelled.
     void claim(Touch& touch);
 
+    /// As `claim`, but for those that may yet claim the touch themselves.
+    void hold(Touch& touch);
+
+    /// Whether what another recognizer holds can still become this one's.
+    [[nodiscard]] virtual bool mayClaimHeld() const { return false; }
+
 private:
     friend class View;
     friend class Window;

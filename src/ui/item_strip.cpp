@@ -28,7 +28,7 @@ double ItemStrip::clampedOffset(double offset) const {
     return rest < itemCount ? rest : 0;
 }
 
-double ItemStrip::distance(double fromOffset, double toOffset) const {
+double ItemStrip::minScrollDistanceFromOffset(double fromOffset, double toOffset) const {
     if (!wraps) return toOffset - fromOffset;
     const double direct = clampedOffset(toOffset) - clampedOffset(fromOffset);
     const double wayRound = direct > 0 ? direct - itemCount : direct + itemCount;

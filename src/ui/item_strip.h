@@ -24,7 +24,7 @@ struct ItemStrip {
     [[nodiscard]] double clampedOffset(double offset) const;
 
     /// The way from one to the other, round the ring where that is shorter.
-    [[nodiscard]] double distance(double fromOffset, double toOffset) const;
+    [[nodiscard]] double minScrollDistanceFromOffset(double fromOffset, double toOffset) const;
 
     [[nodiscard]] int pageCount() const;
     [[nodiscard]] int pageOf(int index) const;

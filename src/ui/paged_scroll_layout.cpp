@@ -45,6 +45,8 @@ void PagedScrollView::update() {
         if (!watch.isAlive()) return;
     }
     updating_ = false;
+    // What is asked for without end goes on with the next frame.
+    if (reloadPending_ || layoutPending_ || loadPending_) setNeedsLayout();
     tellCurrentItem();
 }
 

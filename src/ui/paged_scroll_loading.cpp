@@ -10,7 +10,7 @@ namespace vorpel::ui {
 
 void PagedScrollView::loadIfDue() {
     // With the neighbours of an item all is loaded that can come into sight before a whole item has gone by.
-    const double moved = std::abs(strip_.distance(lastUpdateOffset_, scrollOffset()));
+    const double moved = std::abs(strip_.minScrollDistanceFromOffset(lastUpdateOffset_, scrollOffset()));
     if (!defersLoading_ || moved >= 1) loadUnloadViews();
 }
 

@@ -53,7 +53,7 @@ void PagedScrollView::scrollByOffset(double offset, double duration) {
 }
 
 void PagedScrollView::scrollToOffset(double offset, double duration) {
-    scrollByOffset(strip_.distance(scrollOffset(), offset), duration);
+    scrollByOffset(strip_.minScrollDistanceFromOffset(scrollOffset(), offset), duration);
 }
 
 void PagedScrollView::scrollByNumberOfItems(int count, double duration) {
@@ -79,7 +79,7 @@ void PagedScrollView::moveTo(double offset) {
         position_ = target;
     } else if (isDragging()) {
         // The finger's way is counted from where it came down: that round goes on.
-        position_ += strip_.distance(before, target);
+        position_ += strip_.minScrollDistanceFromOffset(before, target);
     } else {
         position_ = strip_.pageStartAt(target);
     }

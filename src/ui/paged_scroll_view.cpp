@@ -9,13 +9,6 @@
 
 namespace vorpel::ui {
 
-namespace {
-
-// Points. A page this near to its place seems to stand: a finger on it means what is in the page.
-constexpr double NEARLY_AT_REST = 8;
-
-}  // namespace
-
 PagedScrollView::PagedScrollView(const Rect& frame)
     : View(frame), tap_([this](const Touch& touch) { tapped(touch); }) {
     setClipsToBounds(true);
@@ -130,12 +123,7 @@ View* PagedScrollView::hitTest(Point point) {
 
 bool PagedScrollView::Scroller::panTouched() {
     if (pager_.scrollEnabled_ && pager_.travel_.isRunning()) return true;
-    return ScrollView::panTouched() && !pager_.isNearlyAtRest();
-}
-
-bool PagedScrollView::isNearlyAtRest() const {
-    if (!paging_ || !isDecelerating()) return false;
-    return std::abs(strip_.nearestPageStart(position_) - position_) * itemLength() < NEARLY_AT_REST;
+    return ScrollView::panTouched();
 }
 
 bool PagedScrollView::viewOrSuperviewHandlesTouches(const View* view) const {

@@ -191,7 +191,6 @@ private:
     [[nodiscard]] double itemLength() const { return along(itemSize_); }
     [[nodiscard]] bool isEndless() const { return strip_.wraps && strip_.itemCount > 1; }
     [[nodiscard]] double reachable(double offset) const;
-    [[nodiscard]] bool isNearlyAtRest() const;
     void settlePosition();
     void updateScrollViewDimensions();
     void updateBounce();

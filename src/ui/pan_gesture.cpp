@@ -23,24 +23,35 @@ void PanGesture::touchBegan(Touch& touch) {
     start_ = touch.locationInWindow();
     samples_.clear();
     addSample(touch);
-    if (handler_.panTouched()) begin(touch);
+    if (handler_.panTouched()) hold(touch);
+}
+
+bool PanGesture::isGoingOurWay(Point moved) const {
+    return std::hypot(moved.x, moved.y) > SLOP && handler_.panShouldBegin(moved);
 }
 
 void PanGesture::touchMoved(Touch& touch) {
     if (&touch != tracked_) return;
     addSample(touch);
     const Point moved = touch.locationInWindow() - start_;
-    if (panning_) {
-        handler_.panMoved(moved);
-    } else if (std::hypot(moved.x, moved.y) > SLOP && handler_.panShouldBegin(moved)) {
-        begin(touch);
+    if (!panning_) {
+        if (isGoingOurWay(moved)) begin(touch);
+        return;
     }
+    if (held_ && isGoingOurWay(moved)) {
+        held_ = false;
+        const ViewWatch watch(*view());
+        claim(touch);
+        if (!watch.isAlive() || !panning_) return;
+    }
+    handler_.panMoved(moved);
 }
 
 void PanGesture::touchEnded(Touch& touch) {
     if (&touch != tracked_) return;
     addSample(touch);
     tracked_ = nullptr;
+    held_ = false;
     if (std::exchange(panning_, false)) handler_.panEnded(velocity());
 }
 
@@ -50,6 +61,7 @@ void PanGesture::touchCancelled(Touch& touch) {
 
 void PanGesture::reset() {
     tracked_ = nullptr;
+    held_ = false;
     if (std::exchange(panning_, false)) handler_.panEnded({});
 }
 
@@ -61,6 +73,14 @@ void PanGesture::begin(Touch& touch) {
     claim(touch);
     if (!watch.isAlive() || tracked_ != &touch) return;
     panning_ = true;
+    handler_.panBegan();
+}
+
+void PanGesture::hold(Touch& touch) {
+    ViewWatch watch(*view());
+    GestureRecognizer::hold(touch);
+    if (!watch.isAlive() || tracked_ != &touch) return;
+    panning_ = held_ = true;
     handler_.panBegan();
 }
 

@@ -13,7 +13,8 @@ class PanHandler {
 public:
     virtual ~PanHandler() = default;
 
-    /// A finger came down. True takes its touch away from all others at once.
+    /// A finger came down. True begins at once and takes its touch away from all but other pans, of which one
+    /// that the finger's way suits better may have it.
     virtual bool panTouched() = 0;
 
     /// The finger has moved that far, more than a tap may. True takes the touch; false waits for more.
@@ -46,6 +47,7 @@ protected:
     void touchEnded(Touch& touch) override;
     void touchCancelled(Touch& touch) override;
     void reset() override;
+    [[nodiscard]] bool mayClaimHeld() const override { return true; }
 
 private:
     struct Sample {
@@ -53,14 +55,17 @@ private:
         Point location;
     };
 
+    [[nodiscard]] bool isGoingOurWay(Point moved) const;
     void begin(Touch& touch);
+    void hold(Touch& touch);
     void addSample(const Touch& touch);
     [[nodiscard]] Point velocity() const;
 
     PanHandler& handler_;
     const Touch* tracked_ = nullptr;
     bool panning_ = false;
-    Point start_;  // where the finger came down, then where the pan began
+    bool held_ = false;  // pans, but another may have the touch
+    Point start_;        // where the finger came down, then where the pan began
     std::vector<Sample> samples_;
 };
 

@@ -15,6 +15,11 @@ namespace {
 
 constexpr double TRAVEL_SECONDS = 0.3;
 
+// Content that goes no farther within so many seconds than so many points seems to stand: a finger on it
+// means what lies there.
+constexpr double SOON = 0.25;
+constexpr double HARDLY_ANY_WAY = 8;
+
 // A flick faster than this, in points a second, turns the page whatever way it has made.
 constexpr double PAGE_TURN_VELOCITY = 200;
 
@@ -132,7 +137,10 @@ void ScrollView::setDecelerationRate(double rate) {
 void ScrollView::setContentOffset(Point offset, Animated animated) {
     stopMoving();
     const Point end = clamped(offset);
-    if (dragging_) dragStart_ = {end.x + dragged_.x, end.y + dragged_.y};
+    if (dragging_) {
+        dragStart_ = {end.x + dragged_.x, end.y + dragged_.y};
+        dragStartPage_ = pageAt(end);
+    }
     if (animated == Animated::No) return moveTo(end);
     const Point start = contentOffset();
     const auto step = [this, start, end](double progress) {
@@ -163,6 +171,8 @@ void ScrollView::didMoveToWindow() {
     if (window()) return;
     stopMoving();
     fade_.finish();
+    // What was beyond its ends comes back there with the next layout.
+    setNeedsLayout();
 }
 
 bool ScrollView::scrollsHorizontally() const {
@@ -175,11 +185,25 @@ bool ScrollView::scrollsVertically() const {
 
 bool ScrollView::panTouched() {
     // A finger on content that moves is there to hold it, not to press what happens to pass under it.
-    return scrollEnabled_ && (isDecelerating() || travel_.isRunning());
+    return scrollEnabled_ && (travel_.isRunning() || (isDecelerating() && !seemsToStand()));
+}
+
+bool ScrollView::seemsToStand() const {
+    const double since = window()->runLoop().now() - deceleration_->start;
+    const auto way = [&](const ScrollMotion& motion) {
+        return std::abs(motion.offsetAt(since + SOON) - motion.offsetAt(since));
+    };
+    return way(deceleration_->x) < HARDLY_ANY_WAY && way(deceleration_->y) < HARDLY_ANY_WAY;
 }
 
 bool ScrollView::panShouldBegin(Point moved) {
     return std::abs(moved.x) > std::abs(moved.y) ? scrollsHorizontally() : scrollsVertically();
+}
+
+Point ScrollView::pageAt(Point offset) const {
+    const Point highest = highestEnd();
+    return {nearestPage(offset.x, bounds().width, highest.x),
+            nearestPage(offset.y, bounds().height, highest.y)};
 }
 
 void ScrollView::panBegan() {
@@ -191,8 +215,7 @@ void ScrollView::panBegan() {
     const Point highest = highestEnd();
     dragStart_ = {beyondEnds(offset.x, lowest.x, highest.x, bounds().width, pullFor),
                   beyondEnds(offset.y, lowest.y, highest.y, bounds().height, pullFor)};
-    dragStartPage_ = {nearestPage(offset.x, bounds().width, highest.x),
-                      nearestPage(offset.y, bounds().height, highest.y)};
+    dragStartPage_ = pageAt(offset);
     showIndicators();
     if (delegate_) delegate_->scrollViewWillBeginDragging(*this);
 }

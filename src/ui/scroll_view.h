@@ -114,6 +114,8 @@ private:
     [[nodiscard]] Point lowestEnd() const;
     [[nodiscard]] Point highestEnd() const;
     void moveTo(Point offset);
+    [[nodiscard]] bool seemsToStand() const;
+    [[nodiscard]] Point pageAt(Point offset) const;
     void stopMoving();
     void decelerate(Point velocity);
     void decelerationStep(double time);

@@ -3,42 +3,44 @@
 
 #include "ui/touch.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vorpel::ui {
 
 void TapGesture::touchBegan(Touch& touch) {
     if (filter_ && !filter_(touch)) return;
-    // A second finger makes it something other than a tap.
-    if (tracked_) {
-        tracked_ = nullptr;
-        return;
-    }
-    tracked_ = &touch;
-    start_ = touch.locationInWindow();
-    startTime_ = touch.timestamp();
+    fingers_.push_back({&touch, touch.locationInWindow(), touch.timestamp()});
 }
 
 void TapGesture::touchMoved(Touch& touch) {
-    if (&touch == tracked_ && !isStillTap(touch)) tracked_ = nullptr;
+    const auto finger = find(touch);
+    if (finger != fingers_.end() && !isStillTap(*finger)) fingers_.erase(finger);
 }
 
 void TapGesture::touchEnded(Touch& touch) {
-    if (&touch != tracked_) return;
-    tracked_ = nullptr;
-    if (!isStillTap(touch)) return;
+    const auto finger = find(touch);
+    if (finger == fingers_.end()) return;
+    const bool isTap = isStillTap(*finger);
+    fingers_.erase(finger);
+    if (!isTap) return;
     const Action action = action_;
     action(touch);
 }
 
 void TapGesture::touchCancelled(Touch& touch) {
-    if (&touch == tracked_) tracked_ = nullptr;
+    const auto finger = find(touch);
+    if (finger != fingers_.end()) fingers_.erase(finger);
 }
 
-bool TapGesture::isStillTap(const Touch& touch) const {
-    const Point moved = touch.locationInWindow() - start_;
+std::vector<TapGesture::Finger>::iterator TapGesture::find(const Touch& touch) {
+    return std::ranges::find(fingers_, &touch, &Finger::touch);
+}
+
+bool TapGesture::isStillTap(const Finger& finger) const {
+    const Point moved = finger.touch->locationInWindow() - finger.start;
     return std::hypot(moved.x, moved.y) <= FARTHEST_POINTS &&
-           touch.timestamp() - startTime_ <= LONGEST_SECONDS;
+           finger.touch->timestamp() - finger.startTime <= longestSeconds_;
 }
 
 }  // namespace vorpel::ui

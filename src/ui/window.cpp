@@ -144,11 +144,12 @@ void Window::finish(const SharedTouch& touch, Phase phase) {
     std::erase(touches_, touch);
 }
 
-void Window::claimTouch(Touch& touch, GestureRecognizer& claimer) {
+void Window::takeTouch(Touch& touch, GestureRecognizer& taker,
+                       const std::function<bool(const GestureRecognizer&)>& loses) {
     View* const receiver = std::exchange(touch.receiver_, nullptr);
     for (std::size_t i = 0; i < touch.recognizers_.size(); ++i) {
         GestureRecognizer* const other = touch.recognizers_[i];
-        if (!other || other == &claimer) continue;
+        if (!other || other == &taker || !loses(*other)) continue;
         touch.recognizers_[i] = nullptr;
         other->touchCancelled(touch);
     }

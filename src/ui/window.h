@@ -79,7 +79,9 @@ private:
     /// The view and all in it are out of the tree; `parent`, which may be null, held it.
     void viewLeft(const View& view, View* parent);
     void recognizerLeft(const GestureRecognizer& recognizer);
-    void claimTouch(Touch& touch, GestureRecognizer& claimer);
+    /// From the view, and from the other recognizers that are to lose it.
+    void takeTouch(Touch& touch, GestureRecognizer& taker,
+                   const std::function<bool(const GestureRecognizer&)>& loses);
     void deliver(Touch& touch, Phase phase);
     void finish(const SharedTouch& touch, Phase phase);
     [[nodiscard]] SharedTouch findTouch(int finger) const;

@@ -240,6 +240,109 @@ TEST(EmojiPage, FillsItsWidthAndFollowsIt) {
     }
 }
 
+TEST(EmojiPage, TakesEveryTapThatPeopleMake) {
+    EmojiStage stage;
+    stage.open();
+    const auto place = [&](int item) {
+        ui::View& cell = *stage.grid().cellForItem({0, item});
+        return cell.convertToWindow(cell.bounds().center());
+    };
+    // Two thumbs, the second down before the first is up.
+    stage.down(0, place(0));
+    stage.advance(0.05);
+    stage.down(1, place(3));
+    stage.advance(0.05);
+    stage.up(0);
+    stage.up(1);
+    EXPECT_EQ(stage.text(), "😀😃");
+    // Beside an emoji, and with a finger that takes its time.
+    stage.advance(1);
+    stage.down(0, ui::Point{place(0).x + 22, place(0).y});
+    stage.advance(2);
+    stage.up(0);
+    EXPECT_EQ(stage.text(), "😀😃😀");
+    // While the page still moves by a few points; a finger on one that moves fast only holds it.
+    for (const auto& [wait, typed] : {std::pair(0.2, false), std::pair(1.8, true)}) {
+        stage.tapIcon(FLAGS);
+        const std::string before = stage.text();
+        const ui::Point middle = stage.grid().convertToWindow(stage.grid().bounds().center());
+        stage.down(0, middle);
+        for (int step = 1; step <= 4; ++step) {
+            stage.advance(1.0 / 60);
+            stage.move(0, ui::Point{middle.x, middle.y - 12.0 * step});
+        }
+        stage.up(0);
+        stage.advance(wait);
+        stage.frame();
+        ASSERT_TRUE(stage.grid().isDecelerating());
+        stage.down(0, middle);
+        stage.advance(0.06);
+        stage.up(0);
+        EXPECT_EQ(stage.text() != before, typed) << wait;
+        stage.advance(3);
+    }
+    // A swipe on a page that glides up turns it all the same.
+    stage.swipe({0, -60}, 0.06);
+    stage.tapIcon(FACES_AND_PEOPLE);
+    const ui::Point middle = stage.grid().convertToWindow(stage.grid().bounds().center());
+    stage.down(0, middle);
+    for (int step = 1; step <= 4; ++step) {
+        stage.advance(1.0 / 60);
+        stage.move(0, ui::Point{middle.x, middle.y - 12.0 * step});
+    }
+    stage.up(0);
+    stage.advance(0.3);
+    stage.swipe({-200, 0}, 0.2);
+    EXPECT_EQ(stage.emoji().currentIndex(), ANIMALS_AND_NATURE);
+}
+
+TEST(EmojiPage, AWordBehindAnEmojiIsAWordOfItsOwn) {
+    testing::WordScript words;
+    words.suggestions["hel"] = {{"help", "hell"}, false};
+    EmojiStage stage(words);
+    stage.open();
+    stage.tapEmoji(0);
+    stage.tap(stage.emoji().modeChangeButton());
+    stage.write("hel");
+    stage.tapLabel(2);
+    EXPECT_EQ(stage.text(), "😀hell ");
+    stage.open();
+    stage.tapEmoji(0);
+    stage.tap(stage.emoji().modeChangeButton());
+    stage.write("  ");
+    EXPECT_EQ(stage.text(), "😀hell 😀. ");
+}
+
+TEST(EmojiPage, KeepsItsPlaceThroughWhatHostsDo) {
+    EmojiStage stage;
+    stage.open();
+    stage.tapEmoji(0);
+    stage.tapIcon(RECENT_EMOJI);
+    stage.tap(stage.emoji().modeChangeButton());
+    stage.platform.userDefaults.setStringArray(preferences::RECENT, {"🐌"});
+    stage.open();
+    EXPECT_EQ(stage.emoji().currentPage()->collectionView().emojis(), std::vector<std::string>{"🐌"});
+    stage.tap(stage.emoji().modeChangeButton());
+    ui::View custom({0, 0, 375, 200});
+    stage.controller->openCustom(custom);
+    stage.platform.notificationCenter.post({"open Emoji Keyboard", {}});
+    EXPECT_FALSE(stage.isOpen());
+    stage.controller->dismissCustom();
+    EXPECT_FALSE(stage.keys().isHidden());
+    // A page that is drawn beyond its end, and closed at that moment, is whole when it opens again.
+    stage.open();
+    stage.tapIcon(FOOD_AND_DRINK);
+    const ui::Point middle = stage.grid().convertToWindow(stage.grid().bounds().center());
+    stage.down(0, middle);
+    stage.advance(0.02);
+    stage.move(0, ui::Point{middle.x, middle.y + 60});
+    stage.up(0);
+    stage.controller->viewWillDisappear();
+    stage.controller->viewWillAppear();
+    stage.open();
+    EXPECT_EQ(stage.grid().contentOffset().y, 0);
+}
+
 TEST(EmojiPage, GivesWayToSettings) {
     EmojiStage stage;
     stage.open();

@@ -60,7 +60,7 @@ TEST(ItemStrip, AgreesWithAPlainModel) {
         for (const double way : {shortest - count, shortest + count}) {
             if (strip.wraps && std::abs(way) < std::abs(shortest)) shortest = way;
         }
-        EXPECT_EQ(strip.distance(inside, clamped), shortest);
+        EXPECT_EQ(strip.minScrollDistanceFromOffset(inside, clamped), shortest);
 
         const auto shown = strip.itemsShownAt(inside);
         EXPECT_EQ(std::set<int>(shown.begin(), shown.end()), shownAt(strip, inside));

@@ -17,6 +17,12 @@ constexpr ui::Color GREY = ui::Color::rgb(0.29, 0.3, 0.31);
 // Shares of the text's colour, so that it suits any ground.
 constexpr double HIGHLIGHT_ALPHA = 0.14;
 
+ui::Color mixed(const ui::Color& ground, const ui::Color& other, double share) {
+    const auto mix = [share](double one, double two) { return one + (two - one) * share; };
+    return ui::Color::rgb(mix(ground.red, other.red), mix(ground.green, other.green),
+                          mix(ground.blue, other.blue));
+}
+
 }  // namespace
 
 EmoticonColors EmoticonColors::of(bool darkMode, const platform::UserDefaults& defaults) {
@@ -36,6 +42,9 @@ EmoticonColors EmoticonColors::of(bool darkMode, const platform::UserDefaults& d
     }
     colors.highlight = colors.text.withAlpha(HIGHLIGHT_ALPHA);
     colors.indicator = colors.text;
+    colors.heldButton = isThemed(defaults)
+                            ? mixed(colors.buttonBackground, colors.buttonTitle, HIGHLIGHT_ALPHA)
+                            : colors.highlight;
     return colors;
 }
 

@@ -12,6 +12,7 @@ struct EmoticonColors {
     ui::Color text;              ///< on the background
     ui::Color buttonTitle;       ///< on the button's ground, which may be clear
     ui::Color buttonBackground;  ///< of the two buttons
+    ui::Color heldButton;        ///< the same while one is held; the title can be read on it too
     ui::Color highlight;         ///< behind the icon of the page on show
     ui::Color indicator;         ///< of the line under it
 

@@ -4,6 +4,7 @@
 #include "keyboard/model/preference_keys.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <mutex>
 #include <optional>
 #include <variant>
@@ -32,32 +33,43 @@ public:
         emoji_.push_back(emoji);
     }
 
-    /// Whichever block comes first stores all there is, in its order.
+    /// Whichever block comes first stores all there is, in its order. The store may be slow; `add` waits for
+    /// nobody.
     void store() {
+        const std::lock_guard storing(storing_);
+        const Emoji emoji = waiting();
+        if (emoji.empty()) return;
+        defaults_.update(preferences::RECENT, [&](const auto& stored) { return onTopOf(stored, emoji); });
         const std::lock_guard lock(mutex_);
-        if (emoji_.empty()) return;
-        defaults_.update(preferences::RECENT, [this](const auto& stored) { return onTopOf(stored); });
-        emoji_.clear();
+        emoji_.erase(emoji_.begin(), emoji_.begin() + static_cast<std::ptrdiff_t>(emoji.size()));
     }
 
     [[nodiscard]] std::optional<Emoji> all() const {
-        const std::lock_guard lock(mutex_);
+        // In this order: what is stored in between is there twice, which changes nothing.
+        const Emoji emoji = waiting();
         const auto stored = defaults_.objectForKey(preferences::RECENT);
-        if (emoji_.empty() && !(stored && std::holds_alternative<Emoji>(*stored))) return std::nullopt;
-        return onTopOf(stored);
+        if (emoji.empty() && !(stored && std::holds_alternative<Emoji>(*stored))) return std::nullopt;
+        return onTopOf(stored, emoji);
     }
 
 private:
-    [[nodiscard]] Emoji onTopOf(const std::optional<platform::UserDefaults::Value>& stored) const {
+    [[nodiscard]] Emoji waiting() const {
+        const std::lock_guard lock(mutex_);
+        return emoji_;
+    }
+
+    [[nodiscard]] static Emoji onTopOf(const std::optional<platform::UserDefaults::Value>& stored,
+                                       const Emoji& waiting) {
         // Anything but a list is replaced.
         const Emoji* const listed = stored ? std::get_if<Emoji>(&*stored) : nullptr;
         Emoji list = listed ? *listed : Emoji();
-        for (const std::string& emoji : emoji_) putFirst(list, emoji);
+        for (const std::string& emoji : waiting) putFirst(list, emoji);
         return list;
     }
 
     platform::UserDefaults& defaults_;
-    mutable std::mutex mutex_;  // guards emoji_
+    std::mutex storing_;
+    mutable std::mutex mutex_;  // guards emoji_; never held while something is stored
     Emoji emoji_;
 };
 

@@ -14,6 +14,9 @@ constexpr const char* CELL = "EmojiCell";
 // Points; a cell is 40 wide.
 constexpr double EMOJI_SIZE = 30;
 
+// A little more than half of what lies between two.
+constexpr double TAP_MARGIN = 4;
+
 constexpr double SHRINKING_SECONDS = 0.2;
 constexpr double LEAST_SCALE = 0.8;
 
@@ -53,6 +56,7 @@ VPEmojiCollectionView::VPEmojiCollectionView() {
     collectionView_.registerCell(CELL, [] { return std::make_unique<VPEmojiCollectionViewCell>(); });
     collectionView_.setShowsIndicators(false);
     collectionView_.setAlwaysBounceVertical(true);
+    collectionView_.setTapMargin(TAP_MARGIN);
     collectionView_.setLayout(&grid_);
     collectionView_.setSelectionDelegate(this);
     collectionView_.setDataSource(this);

@@ -57,7 +57,7 @@ public:
     /// Others than before are shown from the top.
     void setEmojis(std::vector<std::string> emojis);
 
-    /// How the emoji stand.
+    /// How the emoji stand. A tap between two means the nearer.
     [[nodiscard]] ui::CollectionViewGridLayout& grid() { return grid_; }
     [[nodiscard]] ui::CollectionView& collectionView() { return collectionView_; }
 

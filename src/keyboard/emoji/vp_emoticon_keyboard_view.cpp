@@ -18,9 +18,9 @@ constexpr double TITLE_SIZE = 12;
 constexpr double IMAGE_MARGIN = 9;
 constexpr double CORNER_RADIUS = 6;
 constexpr double GROUND_MARGIN = 2;
-constexpr double PRESSED_ALPHA = 0.4;
 
 constexpr const char* NO_RECENT_EMOJI = "You have no recent emojis";
+constexpr const char* NO_EMOJI = "No font for emoji is installed";
 
 }  // namespace
 
@@ -75,19 +75,24 @@ ui::Button& VPEmoticonKeyboardView::category_highlight_view() {
 }
 
 void VPEmoticonKeyboardView::open() {
-    if (EmojiPageView* const recent = recentPageIsOld_ ? loadedPage(RECENT_EMOJI) : nullptr) {
-        showEmoji(*recent, RECENT_EMOJI);
-    }
+    // Another keyboard, or its host, may have changed it.
     recentPageIsOld_ = false;
+    if (EmojiPageView* const recent = loadedPage(RECENT_EMOJI)) showEmoji(*recent, RECENT_EMOJI);
+    if (currentIndex_ == RECENT_EMOJI) fillCurrentArray();
 }
 
 void VPEmoticonKeyboardView::setCurrentIndex(int page) {
     if (page < 0 || page >= EMOJI_PAGE_COUNT) return;
     currentIndex_ = page;
-    if (emojiButtonView_.currentPage() != page) emojiButtonView_.setCurrentPage(page);
-    manager_.setTheCurrentArray(page, currentArray_);
+    emojiButtonView_.setCurrentPage(page);
+    fillCurrentArray();
     categoryView_.setItemColor(page);
     refreshRecentPage();
+}
+
+void VPEmoticonKeyboardView::fillCurrentArray() {
+    currentArray_.clear();
+    manager_.setTheCurrentArray(currentIndex_, currentArray_);
 }
 
 void VPEmoticonKeyboardView::setDark_mode(bool dark) {
@@ -97,10 +102,9 @@ void VPEmoticonKeyboardView::setDark_mode(bool dark) {
     textColor_ = colors.text;
     for (ui::Button* const button : {&modeChangeButton_, &backSpaceButton_}) {
         button->setTitleColor(colors.buttonTitle);
-        button->setTitleColor(colors.buttonTitle.withAlpha(PRESSED_ALPHA), ui::ControlState::Highlighted);
         button->setImageTint(colors.buttonTitle);
         button->setBackgroundColor(colors.buttonBackground, ui::ControlState::Normal);
-        button->setBackgroundColor(colors.highlight, ui::ControlState::Highlighted);
+        button->setBackgroundColor(colors.heldButton, ui::ControlState::Highlighted);
     }
     category_highlight_view().setBackgroundColor(colors.highlight, ui::ControlState::Normal);
     categoryView_.setIndicatorColor(colors.indicator);
@@ -143,13 +147,18 @@ std::unique_ptr<ui::View> VPEmoticonKeyboardView::viewForItemAtIndex(ui::PagedSc
 void VPEmoticonKeyboardView::showEmoji(EmojiPageView& page, int index) {
     std::vector<std::string> emoji;
     manager_.setTheCurrentArray(index, emoji);
-    page.show(std::move(emoji), index == RECENT_EMOJI ? NO_RECENT_EMOJI : "");
+    page.show(std::move(emoji), index == RECENT_EMOJI ? NO_RECENT_EMOJI : NO_EMOJI);
 }
 
 void VPEmoticonKeyboardView::pagedScrollViewCurrentItemIndexDidChange(ui::PagedScrollView& pages) {
     currentIndex_ = pages.currentPage();
-    manager_.setTheCurrentArray(currentIndex_, currentArray_);
+    fillCurrentArray();
     categoryView_.setItemColor(currentIndex_);
+}
+
+void VPEmoticonKeyboardView::pagedScrollViewDidEndDragging(ui::PagedScrollView& /*pages*/,
+                                                           bool willDecelerate) {
+    if (!willDecelerate) refreshRecentPage();
 }
 
 void VPEmoticonKeyboardView::pagedScrollViewDidEndDecelerating(ui::PagedScrollView& /*pages*/) {
@@ -161,7 +170,9 @@ void VPEmoticonKeyboardView::pagedScrollViewDidEndScrollingAnimation(ui::PagedSc
 }
 
 void VPEmoticonKeyboardView::scrollMenuViewSelectedIndex(int index) {
-    if (index != currentIndex_) setCurrentIndex(index);
+    // While the pages move, the one that seems to be current may be the one that they leave.
+    const bool isMoving = emojiButtonView_.isDragging() || emojiButtonView_.isDecelerating();
+    if (isMoving || index != currentIndex_) setCurrentIndex(index);
 }
 
 EmojiPageView* VPEmoticonKeyboardView::loadedPage(int index) const {
@@ -180,7 +191,7 @@ void VPEmoticonKeyboardView::emojiTapped(const std::string& text, VPEmojiCollect
     if (!mayRemember || mayRemember()) {
         manager_.saveRecentEmoji(text);
         recentPageIsOld_ = true;
-        if (currentIndex_ == RECENT_EMOJI) manager_.setTheCurrentArray(RECENT_EMOJI, currentArray_);
+        if (currentIndex_ == RECENT_EMOJI) fillCurrentArray();
         refreshRecentPage();
     }
     if (delegate) delegate->emoctionSelectedSE(text);

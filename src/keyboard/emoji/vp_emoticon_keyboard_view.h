@@ -87,12 +87,14 @@ private:
                                                  std::unique_ptr<ui::View> reusing) override;
     std::optional<ui::Size> pagedScrollViewItemSize(ui::PagedScrollView& pages) override;
     void pagedScrollViewCurrentItemIndexDidChange(ui::PagedScrollView& pages) override;
+    void pagedScrollViewDidEndDragging(ui::PagedScrollView& pages, bool willDecelerate) override;
     void pagedScrollViewDidEndDecelerating(ui::PagedScrollView& pages) override;
     void pagedScrollViewDidEndScrollingAnimation(ui::PagedScrollView& pages) override;
     void scrollMenuViewSelectedIndex(int index) override;
     void emojiTapped(const std::string& text, VPEmojiCollectionViewCell& sender) override;
 
     void setUpButtons(const platform::Bundle& bundle);
+    void fillCurrentArray();
     void modeChange();
     void backspaceDown();
     void backspaceUp();

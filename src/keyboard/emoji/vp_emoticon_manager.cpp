@@ -86,7 +86,9 @@ std::vector<std::string> VPEmoticonManager::flags() const {
 
 void VPEmoticonManager::setTheCurrentArray(int sender, std::vector<std::string>& currentArray) const {
     if (sender == RECENT_EMOJI) {
-        if (auto recent = recent_.emoji()) currentArray = std::move(*recent);
+        auto recent = recent_.emoji();
+        if (!recent) return;
+        currentArray = std::move(*recent);
     } else if (sender > RECENT_EMOJI && sender < EMOJI_PAGE_COUNT) {
         currentArray = pageArray(sender);
     } else {

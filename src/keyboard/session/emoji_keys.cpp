@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // How the typing session and the emoji keyboard work together.
+#include "keyboard/model/preference_keys.h"
 #include "keyboard/session/vp_keyboard_view_controller.h"
+
+#include <algorithm>
+#include <cstddef>
 
 namespace vorpel {
 
@@ -9,7 +13,10 @@ VPEmoticonKeyboardView& VPKeyboardViewController::getSecondEmoction_Keyboardview
         second_emoction_ =
             std::make_unique<VPEmoticonKeyboardView>(plane().forwardingView->frame(), platform());
         second_emoction_->delegate = this;
-        second_emoction_->mayRemember = [this] { return typingPolicy().stores; };
+        second_emoction_->mayRemember = [this] {
+            readInputMode();
+            return typingPolicy().stores;
+        };
     }
     return *second_emoction_;
 }
@@ -19,16 +26,16 @@ bool VPKeyboardViewController::emojiOnShow() const {
 }
 
 void VPKeyboardViewController::launchEmoji() {
-    if (emojiOnShow()) return;
     if (settingsOnShow()) toggleSettings(true);
+    // Where there are no keys there is no place for what stands in for them.
+    if (emojiOnShow() || keysAreHidden()) return;
     plane().forwardingView->resetTrackedViews();
     hidePopupCallback();
     VPEmoticonKeyboardView& emoji = getSecondEmoction_Keyboardview();
     emoji.open();
     emoji.setDark_mode(darkMode());
-    emoji.setFrame(plane().forwardingView->frame());
     view().addSubview(emoji);
-    setupInitialState();
+    layoutPass();
 }
 
 void VPKeyboardViewController::closeEmoji() {
@@ -56,7 +63,9 @@ void VPKeyboardViewController::emoctionSelectedSE(const std::string& emoji) {
     // A word ends where a picture begins.
     if (!KTextInputMode) commitKeptWord(false);
     enterText(emoji);
-    setCapsIfNeeded();
+    // The next letter's case hangs on it, and so does what the next blank means.
+    contextChanged();
+    if (platform().userDefaults.boolForKey(preferences::kIsNumberType)) return;
     updateSearchString();
     checkTheCurrentWord(NO_TOUCH_POINT);
 }
@@ -73,6 +82,19 @@ void VPKeyboardViewController::backspaceUpEmoction() {
 void VPKeyboardViewController::viewDidLayoutSubviews() {
     KeyboardViewController::viewDidLayoutSubviews();
     if (emojiOnShow()) second_emoction_->setFrame(plane().forwardingView->frame());
+}
+
+void VPKeyboardViewController::traitCollectionDidChange() {
+    KeyboardViewController::traitCollectionDidChange();
+    closeEmojiWithoutKey();
+}
+
+/// The field may have become one of another kind, which has no use for emoji.
+void VPKeyboardViewController::closeEmojiWithoutKey() {
+    const auto isEmojiKey = [](const auto& key) { return key->type == Key::KeyType::LaunchEmoji; };
+    const auto hasOne = [&](const KeyRow& row) { return std::ranges::any_of(row, isEmojiKey); };
+    const Page& page = plane().model.pages.at(static_cast<std::size_t>(currentMode()));
+    if (emojiOnShow() && std::ranges::none_of(page.rows, hasOne)) closeEmoji();
 }
 
 void VPKeyboardViewController::updateAppearance() {

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "keyboard/session/sentence_words.h"
 
+#include "platform/characters.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace vorpel {
 
@@ -46,6 +50,18 @@ std::size_t lastApostropheOutsideWords(std::string_view text) {
     return at;
 }
 
+/// A picture is no letter, and a word on either side of one goes no farther.
+std::optional<Separator> lastEmoji(std::string_view text) {
+    std::size_t end = text.size();
+    const std::vector<std::string> characters = platform::characters(text);
+    for (auto character = characters.rbegin(); character != characters.rend(); ++character) {
+        const std::size_t begin = end - character->size();
+        if (platform::isEmoji(*character)) return Separator{begin, end};
+        end = begin;
+    }
+    return std::nullopt;
+}
+
 std::optional<Separator> lastSeparator(std::string_view text, WordSplitting splitting) {
     std::optional<Separator> last;
     const auto take = [&last](std::size_t at, std::string_view trigger) {
@@ -58,6 +74,10 @@ std::optional<Separator> lastSeparator(std::string_view text, WordSplitting spli
     }
     if (!isNatural) return last;
     for (const std::string_view trigger : NATURAL_TRIGGERS) take(text.rfind(trigger), trigger);
+    const std::size_t wordBegin = last ? last->end : 0;
+    if (const auto emoji = lastEmoji(text.substr(wordBegin))) {
+        last = {wordBegin + emoji->begin, wordBegin + emoji->end};
+    }
     return last;
 }
 

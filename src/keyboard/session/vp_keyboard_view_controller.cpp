@@ -165,6 +165,7 @@ void VPKeyboardViewController::inputChanged() {
 
 void VPKeyboardViewController::textDidChange() {
     KeyboardViewController::textDidChange();
+    closeEmojiWithoutKey();
     // The words of one field are not shown at another.
     if (!typingPolicy().suggests) checkTheCurrentWord(NO_TOUCH_POINT);
 }

@@ -44,6 +44,7 @@ public:
     void viewDidAppear() override;
     void viewWillDisappear() override;
     void viewDidLayoutSubviews() override;
+    void traitCollectionDidChange() override;
     virtual void setupInitialState();
     void keyFramesValuesChanged() override;
     virtual void setUpSpellChecker();
@@ -173,6 +174,7 @@ private:
 
     void observeEmojiKey();
     void closeEmoji();
+    void closeEmojiWithoutKey();
     void takeInputView(ui::View* textView);
     void deleteForBackspace();
     void keepLetters(const std::string& output);
