@@ -12,13 +12,11 @@ namespace vorpel {
 namespace {
 
 constexpr std::string_view FACES_AND_PEOPLE =
-    "💤 👹 👺 💀 👻 👽 👏 👐 👄 🙂 🙄 🤔 🤗 😷 😸 😹 😺 😻 😼 😽 😾 😿 🙀 🙈 🙉 🙊 👾 👿 💩 👋 👌 "
-    "👍 "
-    "👎 "
-    "👊 ✊ ✋ ✌️ 👈 👉 👆 👇 ☝️ 🙌 🙏 👏 ❤️ 💪 💅 👂 👃 👀 👅 🙅 🙆 🙇 🙋 🙍 🙎 💁 👶 👦 👧 "
-    "👨 "
-    "👩 "
-    "👴 👵 👱 👮 👷 💂 👸 👼 🎅 👰 👳 💃 👯 👫 👪 👕 👗 👠 👒 👑 🎩 💄 👛 👜 💼 🌂 👓 💍";
+    "💤 👹 👺 💀 👻 👽 👏 👐 👄 🙂 🙄 🤔 🤗 😷 😸 😹 😺 😻 😼 😽 "
+    "😾 😿 🙀 🙈 🙉 🙊 👾 👿 💩 👋 👌 👍 👎 👊 ✊ ✋ ✌️ 👈 👉 "
+    "👆 👇 ☝️ 🙌 🙏 👏 ❤️ 💪 💅 👂 👃 👀 👅 🙅 🙆 🙇 🙋 🙍 🙎 "
+    "💁 👶 👦 👧 👨 👩 👴 👵 👱 👮 👷 💂 👸 👼 🎅 👰 👳 💃 👯 👫 "
+    "👪 👕 👗 👠 👒 👑 🎩 💄 👛 👜 💼 🌂 👓 💍";
 
 // By the countries' English names, but for the last two; as their codes of two letters.
 constexpr std::string_view COUNTRIES =
