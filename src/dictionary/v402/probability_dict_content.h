@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "dictionary/v4/dict_content.h"
+#include "dictionary/v4/probability_entry.h"
+#include "dictionary/v4/terminal_id_map.h"
+
+namespace wordengine::backward::v402 {
+
+/// What a dictionary of the older layout knows of each word: entries of one size, in the order of the
+/// terminal ids. Used as LanguageModelDictContent is.
+class ProbabilityDictContent final : public SingleDictContent {
+public:
+    /// Over bytes that somebody else owns and keeps.
+    ProbabilityDictContent(ReadWriteByteArrayView buffer, bool hasHistoricalInfo);
+    explicit ProbabilityDictContent(bool hasHistoricalInfo);
+
+    /// Writes the entries alone: they have a file of their own.
+    bool save(std::FILE* file) const { return flush(file, Framing::BARE); }
+
+    /// A default entry for an id that is not there.
+    [[nodiscard]] ProbabilityEntry getProbabilityEntry(int terminalId) const;
+
+    /// Ids between the last and this one get empty entries. False for a negative id, a probability that
+    /// cannot be stored, and when the table is full.
+    bool setProbabilityEntry(int terminalId, const ProbabilityEntry* probabilityEntry);
+
+    /// Copies into this empty content the entries that `original` has of words that are kept, under their
+    /// new ids. `outEntryCount`, if given, becomes their count.
+    bool runGC(const TerminalIdMap* terminalIdMap, const ProbabilityDictContent* original,
+               int* outEntryCount);
+
+private:
+    [[nodiscard]] int getEntrySize() const;
+    [[nodiscard]] int getEntryCount() const { return getBuffer()->getTailPosition() / getEntrySize(); }
+    bool appendEmptyEntries(int entryCount);
+    bool writeEntry(const ProbabilityEntry& entry, int pos);
+
+    bool hasHistoricalInfo_;
+};
+
+}  // namespace wordengine::backward::v402
