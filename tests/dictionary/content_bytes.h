@@ -49,9 +49,15 @@ inline SparseTableDictContent::BufferViews viewsOf(SparseBytes& bytes) {
     return {viewOf(bytes[0]), viewOf(bytes[1]), viewOf(bytes[2])};
 }
 
-inline SparseBytes sizedBuffers(const SparseTableDictContent& content) {
+/// The buffers of the layout that keeps them in one file, which are those of the other too.
+inline SparseBytes buffersOf(const SparseTableDictContent& content) {
     ContentBytes file = writtenBytes([&](std::FILE* out) { return content.flushToFile(out); });
-    SparseBytes buffers{takeSized(&file), takeSized(&file), takeSized(&file)};
+    SparseBytes buffers;
+    for (int i = 0; i < SparseTableDictContent::BUFFER_COUNT; ++i) {
+        ContentBytes& buffer = buffers[static_cast<size_t>(i)];
+        buffer = takeSized(&file);
+        EXPECT_EQ(buffer, writtenBytes([&](std::FILE* out) { return content.flushBufferToFile(out, i); }));
+    }
     EXPECT_TRUE(file.empty());
     return buffers;
 }
@@ -64,7 +70,6 @@ struct NewerLayout {
         ContentBytes file = writtenBytes([&](std::FILE* out) { return content.save(out); });
         return takeSized(&file);
     }
-    static SparseBytes bytesOf(const SparseTableDictContent& content) { return sizedBuffers(content); }
 };
 
 struct OlderLayout {
@@ -73,14 +78,6 @@ struct OlderLayout {
 
     static ContentBytes bytesOf(const Probabilities& content) {
         return writtenBytes([&](std::FILE* out) { return content.save(out); });
-    }
-    static SparseBytes bytesOf(const SparseTableDictContent& content) {
-        SparseBytes bytes;
-        for (int i = 0; i < SparseTableDictContent::BUFFER_COUNT; ++i) {
-            bytes[static_cast<size_t>(i)] =
-                writtenBytes([&](std::FILE* out) { return content.flushBufferToFile(out, i); });
-        }
-        return bytes;
     }
 };
 

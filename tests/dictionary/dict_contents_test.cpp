@@ -126,7 +126,7 @@ TYPED_TEST(ContentsTest, PairsAgreeWithPlainLists) {
         typename TestFixture::Pairs model;
         typename TestFixture::Bigrams content(hasHistory);
         ASSERT_NO_FATAL_FAILURE(this->changePairs(&dice, hasHistory, &content, &model));
-        SparseBytes bytes = TypeParam::bytesOf(content);
+        SparseBytes bytes = buffersOf(content);
         typename TestFixture::Bigrams opened(viewsOf(bytes), hasHistory);
         ASSERT_EQ(this->pairsOf(opened), model);
         ASSERT_NO_FATAL_FAILURE(this->changePairs(&dice, hasHistory, &opened, &model));
@@ -213,6 +213,31 @@ TYPED_TEST(ContentsTest, ProbabilitiesAgreeWithPlainMap) {
     }
 }
 
+TEST(LanguageModelTest, CollectsSequencesUnderTheirNewIds) {
+    TrieMap map;
+    int level = 0;
+    for (const int id : {1, 2, 3}) {
+        for (const int key : {id, 9}) ASSERT_TRUE(map.put(key, static_cast<unsigned>(10 * id + key), level));
+        level = map.getNextLevelBitmapEntryIndex(id, level);
+    }
+    ContentBytes file = writtenBytes([&](std::FILE* out) { return map.save(out); });
+    ContentBytes bytes = takeSized(&file);
+    const LanguageModelDictContent original(viewOf(bytes), false);
+    const TerminalIdMap ids{{1, 5}, {2, 1}, {3, 2}};
+    LanguageModelDictContent kept(false);
+    int count = 0;
+    ASSERT_TRUE(kept.runGC(&ids, &original, &count));
+    EXPECT_EQ(count, 3);
+    const std::vector<int> before{5, 1};
+    EXPECT_EQ(kept.getNgramProbabilityEntry(IntArrayView(before), 2).getProbability(), 33);
+    EXPECT_EQ(kept.getNgramProbabilityEntry(IntArrayView(before), 9).getProbability(), NO_PROBABILITY);
+    const ProbabilityEntry entry(0, 77);
+    EXPECT_TRUE(kept.setNgramProbabilityEntry(IntArrayView(before), 9, &entry));
+    EXPECT_EQ(kept.getNgramProbabilityEntry(IntArrayView(before), 9).getProbability(), 77);
+    const std::vector<int> unknown{5, 9};
+    EXPECT_FALSE(kept.setNgramProbabilityEntry(IntArrayView(unknown), 9, &entry));
+}
+
 using Shortcuts = std::map<int, std::deque<std::pair<std::vector<int>, int>>>;
 
 Shortcuts shortcutsOf(const ShortcutDictContent& content) {
@@ -264,8 +289,7 @@ TEST(ShortcutContentTest, AgreesWithPlainLists) {
     Shortcuts model;
     ShortcutDictContent content;
     ASSERT_NO_FATAL_FAILURE(changeShortcuts(&dice, &content, &model));
-    SparseBytes bytes = sizedBuffers(content);
-    EXPECT_EQ(bytes, OlderLayout::bytesOf(content));
+    SparseBytes bytes = buffersOf(content);
     ShortcutDictContent opened(viewsOf(bytes));
     ASSERT_NO_FATAL_FAILURE(changeShortcuts(&dice, &opened, &model));
     const TerminalIdMap ids = randomIdMap(&dice);
