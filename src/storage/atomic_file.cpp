@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "storage/atomic_file.h"
 
+#include "storage/file_operations.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -36,16 +38,6 @@ int fillAndClose(int descriptor, std::span<const uint8_t> bytes) {
     return error;
 }
 
-/// Makes the rename itself last. File systems that cannot sync a folder are no reason to fail.
-void syncFolderOf(const std::string& path) {
-    const size_t slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
 }  // namespace
 
 int writeFileAtomically(const std::string& path, std::span<const uint8_t> bytes) {
@@ -58,7 +50,9 @@ int writeFileAtomically(const std::string& path, std::span<const uint8_t> bytes)
         ::unlink(temporaryPath.c_str());
         return error;
     }
-    syncFolderOf(path);
+    // Makes the rename itself last. The new content is in place, so a folder that will not sync is no
+    // failure.
+    static_cast<void>(FileOperations::posix().syncDirectory(folderOf(path)));
     return 0;
 }
 

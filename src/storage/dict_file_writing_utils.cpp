@@ -3,11 +3,9 @@
 
 #include "storage/buffer_with_extendable_buffer.h"
 #include "storage/byte_array_utils.h"
+#include "storage/file_operations.h"
 
-#include <fcntl.h>
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace wordengine {
 
@@ -25,18 +23,13 @@ bool DictFileWritingUtils::flushBufferToFileWithSuffix(const char* basePath, con
 }
 
 bool DictFileWritingUtils::flushBufferToFile(const char* filePath, const BufferWithExtendableBuffer* buffer) {
-    const int fileDescriptor = open(filePath, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (fileDescriptor < 0) return false;
-    std::FILE* const file = fdopen(fileDescriptor, "wb");
-    if (!file) {
-        close(fileDescriptor);
-        std::remove(filePath);
-        return false;
-    }
+    FileOperations& operations = FileOperations::posix();
+    std::FILE* const file = operations.createFile(filePath);
+    if (!file) return false;
     bool isWritten = writeBufferToFile(file, buffer);
     // The stream holds bytes back, so a full disk may show only here.
-    if (std::fclose(file) != 0) isWritten = false;
-    if (!isWritten) std::remove(filePath);
+    if (operations.closeFile(file) != 0) isWritten = false;
+    if (!isWritten) operations.removeFile(filePath);
     return isWritten;
 }
 
