@@ -64,11 +64,16 @@ protected:
         return DAMAGED;
     }
 
+    /// @param outIsCleared whether nothing was in the way of clearing remains away
     static FileResult saveTo(const std::string& path, int generation, SaveMode mode,
-                             FileOperations& operations) {
+                             FileOperations& operations, bool* outIsCleared = nullptr) {
         DirectoryPtr directory;
         FileResult result = DictionaryDirectory::open(path, SUFFIXES, &directory, operations);
-        return result.isOk() ? directory->save(filesOf(generation), mode) : result;
+        if (!result.isOk()) return result;
+        const bool wasCleared = directory->clearing().isOk();
+        result = directory->save(filesOf(generation), mode);
+        if (outIsCleared != nullptr) *outIsCleared = wasCleared && directory->clearing().isOk();
+        return result;
     }
 
     /// Opens it as the next run of the program would, and tells what it finds.
@@ -111,7 +116,8 @@ TEST_F(DictionaryDirectoryTest, AnyStepMayFail) {
         for (bool isReached = true; isReached; ++steps) {
             const std::string path = pathHolding(scene.before);
             FaultyFileOperations operations(Fault::FAILURE, steps + 1, scene.hasExchange);
-            const FileResult result = saveTo(path, 2, SaveMode::REPLACE, operations);
+            bool isCleared = false;
+            const FileResult result = saveTo(path, 2, SaveMode::REPLACE, operations, &isCleared);
             isReached = operations.wasReached();
             SCOPED_TRACE("step " + std::to_string(steps + 1) + " before " + std::to_string(scene.before) +
                          " exchange " + std::to_string(scene.hasExchange) + " " + result.message());
@@ -121,7 +127,8 @@ TEST_F(DictionaryDirectoryTest, AnyStepMayFail) {
             EXPECT_TRUE(found == recovered || found == NOTHING);
             EXPECT_TRUE(recovered == 2 || (recovered == scene.before && !result.isOk())) << recovered;
             EXPECT_TRUE(result.isOk() || result.message().starts_with(path.substr(0, path.size() - 1)));
-            EXPECT_TRUE(isReached || result.isOk());
+            EXPECT_EQ(!isReached, result.isOk() && isCleared)
+                << "a failure is told, and nothing but a failure";
             FaultyFileOperations healthy;
             EXPECT_TRUE(saveTo(path, 3, SaveMode::REPLACE, healthy).isOk())
                 << "nothing may block later saves";
@@ -163,15 +170,15 @@ TEST_F(DictionaryDirectoryTest, RecoveryMayCrashToo) {
             bool isRecoveryReached = true;
             for (int recoveryStep = 1; isRecoveryReached; ++recoveryStep) {
                 const std::string path = pathHolding(1);
-                FaultyFileOperations saving(Fault::CRASH, saveStep, hasExchange);
-                static_cast<void>(saveTo(path, 2, SaveMode::REPLACE, saving));
-                isSaveReached = saving.wasReached();
-                FaultyFileOperations recovering(Fault::CRASH, recoveryStep, hasExchange);
+                FaultyFileOperations operations(Fault::CRASH, saveStep, hasExchange);
+                static_cast<void>(saveTo(path, 2, SaveMode::REPLACE, operations));
+                isSaveReached = operations.wasReached();
+                operations.restart(recoveryStep);
                 DirectoryPtr directory;
-                static_cast<void>(DictionaryDirectory::open(path, SUFFIXES, &directory, recovering));
+                static_cast<void>(DictionaryDirectory::open(path, SUFFIXES, &directory, operations));
                 directory.reset();
-                isRecoveryReached = recovering.wasReached();
-                recovering.losePower(recoveryStep % 3);
+                isRecoveryReached = operations.wasReached();
+                operations.losePower(recoveryStep % 3);
                 ASSERT_GT(recoverAndRead(path), 0) << saveStep << " " << recoveryStep;
                 std::filesystem::remove_all(std::filesystem::path(path).parent_path());
             }

@@ -34,6 +34,13 @@ public:
 
     [[nodiscard]] bool wasReached() const { return step_ >= faultyStep_; }
 
+    /// The process ended, and another one goes on from what the system still remembers.
+    void restart(int step) {
+        step_ = 0;
+        faultyStep_ = step;
+        isDead_ = false;
+    }
+
     /// The disk as it may be when the power comes back: unsynced files are half there, unsynced entries
     /// of new directories are not, and the last `lostRenames` of the unsynced renames did not happen.
     void losePower(int lostRenames) {
