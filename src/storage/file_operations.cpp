@@ -123,7 +123,9 @@ public:
         const int descriptor =
             ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, OWNER_ONLY_FILE);
         if (descriptor < 0) return errno;
-        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        // So that a strange mask does not lock out its owner next time.
+        const bool isUsable = ::fchmod(descriptor, OWNER_ONLY_FILE) == 0;
+        if (!isUsable || ::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
             const int error = errno;
             ::close(descriptor);
             return error;

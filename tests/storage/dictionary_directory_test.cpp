@@ -250,8 +250,10 @@ TEST_F(DictionaryDirectoryTest, IsForItsOwnerOnlyWhateverTheMask) {
         struct stat status;
         ASSERT_EQ(0, ::stat(path.c_str(), &status));
         EXPECT_EQ(0700u, status.st_mode & 07777u);
-        ASSERT_EQ(0, ::stat((path + "/D.body").c_str(), &status));
-        EXPECT_EQ(0600u, status.st_mode & 07777u);
+        for (const char* const file : {"/D.body", ".lock"}) {
+            ASSERT_EQ(0, ::stat((path + file).c_str(), &status));
+            EXPECT_EQ(0600u, status.st_mode & 07777u) << file;
+        }
     }
 }
 
