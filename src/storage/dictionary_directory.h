@@ -44,8 +44,9 @@ public:
     DictionaryDirectory(const DictionaryDirectory&) = delete;
     DictionaryDirectory& operator=(const DictionaryDirectory&) = delete;
 
-    /// Writes all files anew in place of those that are there. A failure leaves a whole dictionary, and
-    /// the old one unless only the very last sync failed. CREATE refuses to replace anything.
+    /// Writes all files anew in place of those that are there. A failure leaves the old dictionary,
+    /// or none if there was none; only if the last sync fails the new one is there already. CREATE refuses to
+    /// replace anything.
     FileResult save(const std::vector<FileSet::File>& files, SaveMode mode);
 
     [[nodiscard]] bool exists() const;

@@ -92,7 +92,7 @@ public:
     /// All three must be in range.
     [[nodiscard]] int getProbability(int tableId, int level, int elapsedTimeStepCount) const;
 
-    /// What an entry has when it has just reached the level; -1 for an unknown table.
+    /// What an entry has when it has just reached the level, 0 to 3; -1 for an unknown table.
     [[nodiscard]] static int getBaseProbabilityForLevel(int tableId, int level);
 
 private:
