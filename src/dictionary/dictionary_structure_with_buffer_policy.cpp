@@ -21,6 +21,10 @@ uint64_t nextIdentity() {
 
 DictionaryStructureWithBufferPolicy::DictionaryStructureWithBufferPolicy() : identity_(nextIdentity()) {}
 
+void DictionaryStructureWithBufferPolicy::renewIdentity() {
+    identity_ = nextIdentity();
+}
+
 void DictionaryStructureWithBufferPolicy::createAndGetAllChildDicNodes(const DicNode* dicNode,
                                                                        DicNodeVector* childDicNodes) const {
     if (!dicNode->hasChildren()) return;

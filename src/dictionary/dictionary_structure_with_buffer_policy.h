@@ -35,8 +35,8 @@ public:
     /// Appends one node per child of `dicNode` that is not deleted.
     void createAndGetAllChildDicNodes(const DicNode* dicNode, DicNodeVector* childDicNodes) const;
 
-    /// Another number for each dictionary that was ever opened: what has been read of one may be kept under
-    /// its number.
+    /// Another number for each dictionary that was ever opened, and after each change of one: what has been
+    /// read may be kept under its number.
     uint64_t getIdentity() const { return identity_; }
 
     /// The word that ends at the node: its length, 0 if there is none. `outCodePoints` holds
@@ -85,8 +85,11 @@ public:
 protected:
     DictionaryStructureWithBufferPolicy();
 
+    /// To be called by whoever changes the dictionary.
+    void renewIdentity();
+
 private:
-    const uint64_t identity_;
+    uint64_t identity_;
 };
 
 }  // namespace wordengine
