@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "dictionary/v4/probability_entry.h"
+#include "dictionary/v4/probability_content.h"
 #include "dictionary/v4/terminal_id_map.h"
 #include "dictionary/v4/trie_map.h"
 #include "storage/int_array_view.h"
@@ -12,7 +12,7 @@ namespace wordengine {
 
 /// What a dictionary knows of each word by its terminal id, and of words behind others, in a map.
 /// One thread at a time.
-class LanguageModelDictContent {
+class LanguageModelDictContent final : public ProbabilityContent {
 public:
     /// Over bytes that somebody else owns and keeps.
     LanguageModelDictContent(ReadWriteByteArrayView buffer, bool hasHistoricalInfo);
@@ -20,11 +20,10 @@ public:
 
     /// Writes the size of the map and the map.
     bool save(std::FILE* file) const { return trieMap_.save(file); }
-    [[nodiscard]] bool isNearSizeLimit() const { return trieMap_.isNearSizeLimit(); }
+    [[nodiscard]] bool isNearSizeLimit() const override { return trieMap_.isNearSizeLimit(); }
 
-    /// A default entry for a word that is not there.
-    [[nodiscard]] ProbabilityEntry getProbabilityEntry(int wordId) const;
-    bool setProbabilityEntry(int wordId, const ProbabilityEntry* probabilityEntry);
+    [[nodiscard]] ProbabilityEntry getProbabilityEntry(int wordId) const override;
+    bool setProbabilityEntry(int wordId, const ProbabilityEntry* probabilityEntry) override;
 
     [[nodiscard]] ProbabilityEntry getNgramProbabilityEntry(IntArrayView prevWordIds, int wordId) const;
 

@@ -84,8 +84,8 @@ bool ShortcutDictContent::copyShortcutListFromDictContent(int shortcutListPos,
     return true;
 }
 
-bool ShortcutDictContent::createNewShortcutList(int terminalId) {
-    return getUpdatableAddressLookupTable()->set(terminalId, static_cast<uint32_t>(getContentTailPos()));
+bool ShortcutDictContent::setShortcutListHead(int terminalId, int listPos) {
+    return getUpdatableAddressLookupTable()->set(terminalId, static_cast<uint32_t>(listPos));
 }
 
 int ShortcutDictContent::findShortcutEntryAndGetPos(int shortcutListPos, const int* targetCodePoints,

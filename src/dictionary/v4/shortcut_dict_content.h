@@ -37,7 +37,12 @@ public:
                                          int toPos);
 
     /// Makes the tail of the content the head of the word's list.
-    bool createNewShortcutList(int terminalId);
+    bool createNewShortcutList(int terminalId) {
+        return setShortcutListHead(terminalId, getContentTailPos());
+    }
+
+    /// The word's list is the one that begins there.
+    bool setShortcutListHead(int terminalId, int listPos);
 
     /// Where the entry with this target lies in the list; NO_DICT_POS if it is not there.
     [[nodiscard]] int findShortcutEntryAndGetPos(int shortcutListPos, const int* targetCodePoints,

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "dictionary/v4/dict_content.h"
-#include "dictionary/v4/probability_entry.h"
+#include "dictionary/v4/probability_content.h"
 #include "dictionary/v4/terminal_id_map.h"
 
 namespace wordengine::backward::v402 {
 
 /// What a dictionary of the older layout knows of each word: entries of one size, in the order of the
 /// terminal ids. Used as LanguageModelDictContent is.
-class ProbabilityDictContent final : public SingleDictContent {
+class ProbabilityDictContent final : public SingleDictContent, public ProbabilityContent {
 public:
     /// Over bytes that somebody else owns and keeps.
     ProbabilityDictContent(ReadWriteByteArrayView buffer, bool hasHistoricalInfo);
@@ -18,12 +18,11 @@ public:
     /// Writes the entries alone: they have a file of their own.
     bool save(std::FILE* file) const { return flush(file, Framing::BARE); }
 
-    /// A default entry for an id that is not there.
-    [[nodiscard]] ProbabilityEntry getProbabilityEntry(int terminalId) const;
+    [[nodiscard]] ProbabilityEntry getProbabilityEntry(int terminalId) const override;
 
-    /// Ids between the last and this one get empty entries. False for a negative id, a probability that
-    /// cannot be stored, and when the table is full.
-    bool setProbabilityEntry(int terminalId, const ProbabilityEntry* probabilityEntry);
+    /// Ids between the last and this one get empty entries.
+    bool setProbabilityEntry(int terminalId, const ProbabilityEntry* probabilityEntry) override;
+    [[nodiscard]] bool isNearSizeLimit() const override { return SingleDictContent::isNearSizeLimit(); }
 
     /// Copies into this empty content the entries that `original` has of words that are kept, under their
     /// new ids. `outEntryCount`, if given, becomes their count.

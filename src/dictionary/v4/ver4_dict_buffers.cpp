@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "dictionary/v4/ver4_dict_buffers.h"
+
+#include "dictionary/trie/dynamic_pt_writing_utils.h"
+#include "dictionary/v4/bigram_dict_content.h"
+#include "dictionary/v4/language_model_dict_content.h"
+#include "dictionary/v402/bigram_dict_content.h"
+#include "dictionary/v402/probability_dict_content.h"
+
+#include <utility>
+
+namespace wordengine {
+
+using Ver4DictBuffersPtr = Ver4DictBuffers::Ver4DictBuffersPtr;
+
+Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize,
+                                                          FormatUtils::FORMAT_VERSION formatVersion) {
+    const bool hasHistoricalInfo = headerPolicy->hasHistoricalInfoOfWords();
+    std::unique_ptr<ProbabilityContent> probabilities;
+    std::unique_ptr<BigramListContent> bigrams;
+    switch (formatVersion) {
+        case FormatUtils::VERSION_399:
+        case FormatUtils::VERSION_403:
+            probabilities = std::make_unique<LanguageModelDictContent>(hasHistoricalInfo);
+            bigrams = std::make_unique<BigramDictContent>(hasHistoricalInfo);
+            break;
+        case FormatUtils::VERSION_402:
+            probabilities = std::make_unique<backward::v402::ProbabilityDictContent>(hasHistoricalInfo);
+            bigrams = std::make_unique<backward::v402::BigramDictContent>(hasHistoricalInfo);
+            break;
+        default:
+            return nullptr;
+    }
+    Ver4DictBuffersPtr buffers(
+        new Ver4DictBuffers(*headerPolicy, maxTrieSize, std::move(probabilities), std::move(bigrams)));
+    const bool hasRoom = DynamicPtWritingUtils::writeEmptyDictionary(buffers->getWritableTrieBuffer(), 0);
+    return hasRoom ? std::move(buffers) : nullptr;
+}
+
+Ver4DictBuffers::Ver4DictBuffers(const HeaderPolicy& headerPolicy, int maxTrieSize,
+                                 std::unique_ptr<ProbabilityContent> probabilityContent,
+                                 std::unique_ptr<BigramListContent> bigramDictContent)
+    : headerPolicy_(headerPolicy),
+      trieBuffer_(maxTrieSize),
+      probabilityContent_(std::move(probabilityContent)),
+      bigramDictContent_(std::move(bigramDictContent)) {}
+
+bool Ver4DictBuffers::isNearSizeLimit() const {
+    return trieBuffer_.isNearSizeLimit() || terminalPositionLookupTable_.isNearSizeLimit() ||
+           probabilityContent_->isNearSizeLimit() || bigramDictContent_->isNearSizeLimit() ||
+           shortcutDictContent_.isNearSizeLimit();
+}
+
+}  // namespace wordengine
