@@ -2,6 +2,7 @@
 #include "dictionary/ngram_listener.h"
 #include "dictionary/prev_words_info.h"
 #include "dictionary/v4/ver4_patricia_trie_policy.h"
+#include "dictionary/v402/ver4_dict_buffers.h"
 #include "node/dic_node_child.h"
 
 #include <gtest/gtest.h>
@@ -21,8 +22,10 @@ using FormatVersion = FormatUtils::FORMAT_VERSION;
 std::unique_ptr<Ver4PatriciaTriePolicy> newDictionary(FormatVersion version) {
     const DictionaryHeaderStructurePolicy::AttributeMap attributes;
     const HeaderPolicy header(version, {}, &attributes);
+    constexpr int TRIE_SIZE = Ver4DictConstants::MAX_DICTIONARY_SIZE;
     return std::make_unique<Ver4PatriciaTriePolicy>(
-        Ver4DictBuffers::createVer4DictBuffers(&header, Ver4DictConstants::MAX_DICTIONARY_SIZE, version));
+        version == FormatUtils::VERSION_402 ? backward::v402::createVer4DictBuffers(&header, TRIE_SIZE)
+                                            : Ver4DictBuffers::createVer4DictBuffers(&header, TRIE_SIZE));
 }
 
 /// A dictionary, and beside it what it should hold. What a removed word had comes back with it.

@@ -4,8 +4,6 @@
 #include "dictionary/trie/dynamic_pt_writing_utils.h"
 #include "dictionary/v4/bigram_dict_content.h"
 #include "dictionary/v4/language_model_dict_content.h"
-#include "dictionary/v402/bigram_dict_content.h"
-#include "dictionary/v402/probability_dict_content.h"
 
 #include <utility>
 
@@ -13,26 +11,18 @@ namespace wordengine {
 
 using Ver4DictBuffersPtr = Ver4DictBuffers::Ver4DictBuffersPtr;
 
-Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize,
-                                                          FormatUtils::FORMAT_VERSION formatVersion) {
+Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize) {
     const bool hasHistoricalInfo = headerPolicy->hasHistoricalInfoOfWords();
-    std::unique_ptr<ProbabilityContent> probabilities;
-    std::unique_ptr<BigramListContent> bigrams;
-    switch (formatVersion) {
-        case FormatUtils::VERSION_399:
-        case FormatUtils::VERSION_403:
-            probabilities = std::make_unique<LanguageModelDictContent>(hasHistoricalInfo);
-            bigrams = std::make_unique<BigramDictContent>(hasHistoricalInfo);
-            break;
-        case FormatUtils::VERSION_402:
-            probabilities = std::make_unique<backward::v402::ProbabilityDictContent>(hasHistoricalInfo);
-            bigrams = std::make_unique<backward::v402::BigramDictContent>(hasHistoricalInfo);
-            break;
-        default:
-            return nullptr;
-    }
-    Ver4DictBuffersPtr buffers(
-        new Ver4DictBuffers(*headerPolicy, maxTrieSize, std::move(probabilities), std::move(bigrams)));
+    return createVer4DictBuffers(headerPolicy, maxTrieSize,
+                                 std::make_unique<LanguageModelDictContent>(hasHistoricalInfo),
+                                 std::make_unique<BigramDictContent>(hasHistoricalInfo));
+}
+
+Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(
+    const HeaderPolicy* headerPolicy, int maxTrieSize, std::unique_ptr<ProbabilityContent> probabilityContent,
+    std::unique_ptr<BigramListContent> bigramDictContent) {
+    Ver4DictBuffersPtr buffers(new Ver4DictBuffers(*headerPolicy, maxTrieSize, std::move(probabilityContent),
+                                                   std::move(bigramDictContent)));
     const bool hasRoom = DynamicPtWritingUtils::writeEmptyDictionary(buffers->getWritableTrieBuffer(), 0);
     return hasRoom ? std::move(buffers) : nullptr;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "dictionary/format_utils.h"
 #include "dictionary/header_policy.h"
 #include "dictionary/v4/bigram_list_content.h"
 #include "dictionary/v4/probability_content.h"
@@ -13,15 +12,18 @@
 
 namespace wordengine {
 
-/// All parts of one dictionary that learns, of either layout: which, the format of its header says.
+/// All parts of one dictionary that learns, of either layout.
 class Ver4DictBuffers {
 public:
     using Ver4DictBuffersPtr = std::unique_ptr<Ver4DictBuffers>;
 
-    /// An empty dictionary, in memory, whose trie takes `maxTrieSize` bytes. Null for a format that has no
-    /// such layout.
+    /// An empty dictionary of the newer layout, in memory, whose trie takes `maxTrieSize` bytes.
+    static Ver4DictBuffersPtr createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize);
+
+    /// The same of a layout that keeps these two in its own way; both must be empty.
     static Ver4DictBuffersPtr createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize,
-                                                    FormatUtils::FORMAT_VERSION formatVersion);
+                                                    std::unique_ptr<ProbabilityContent> probabilityContent,
+                                                    std::unique_ptr<BigramListContent> bigramDictContent);
 
     Ver4DictBuffers(const Ver4DictBuffers&) = delete;
     Ver4DictBuffers& operator=(const Ver4DictBuffers&) = delete;
