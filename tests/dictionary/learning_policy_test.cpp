@@ -19,19 +19,24 @@ namespace {
 using Word = std::vector<int>;
 using FormatVersion = FormatUtils::FORMAT_VERSION;
 
-std::unique_ptr<Ver4PatriciaTriePolicy> newDictionary(FormatVersion version) {
+Ver4DictBuffers::Ver4DictBuffersPtr newBuffers(FormatVersion version) {
+    constexpr int TRIE_SIZE = Ver4DictConstants::MAX_DICTIONARY_SIZE;
     const DictionaryHeaderStructurePolicy::AttributeMap attributes;
     const HeaderPolicy header(version, {}, &attributes);
-    constexpr int TRIE_SIZE = Ver4DictConstants::MAX_DICTIONARY_SIZE;
-    return std::make_unique<Ver4PatriciaTriePolicy>(
-        version == FormatUtils::VERSION_402 ? backward::v402::createVer4DictBuffers(&header, TRIE_SIZE)
-                                            : Ver4DictBuffers::createVer4DictBuffers(&header, TRIE_SIZE));
+    return version == FormatUtils::VERSION_402 ? backward::v402::createVer4DictBuffers(&header, TRIE_SIZE)
+                                               : Ver4DictBuffers::createVer4DictBuffers(&header, TRIE_SIZE);
+}
+
+std::unique_ptr<Ver4PatriciaTriePolicy> newDictionary(FormatVersion version) {
+    auto buffers = newBuffers(version);
+    EXPECT_TRUE(buffers->writeEmptyTrie());
+    return std::make_unique<Ver4PatriciaTriePolicy>(std::move(buffers));
 }
 
 /// A dictionary, and beside it what it should hold. What a removed word had comes back with it.
 class Learner {
 public:
-    explicit Learner(FormatVersion version) : policy_(newDictionary(version)) {}
+    explicit Learner(FormatVersion version) : version_(version), policy_(newDictionary(version)) {}
 
     void add(const Word& word, int probability, const Word& shortcut) {
         std::vector<UnigramProperty::ShortcutProperty> shortcuts;
@@ -67,6 +72,23 @@ public:
         EXPECT_EQ(policy_->removeNgramEntry(&previous, second.data(), length(second)), isThere);
     }
 
+    /// What nobody can see any more is gone for good, and the rest is as it was.
+    void collect() {
+        auto buffers = newBuffers(version_);
+        Ver4PatriciaTriePolicy::Counts counts;
+        ASSERT_TRUE(policy_->collectInto(buffers.get(), &counts));
+        const UnigramProperty property(false, false, false, 1, -1, 0, 0);
+        EXPECT_FALSE(policy_->addUnigramEntry(&LETTER, 1, &property));
+        policy_ = std::make_unique<Ver4PatriciaTriePolicy>(std::move(buffers), counts);
+        std::erase_if(words_, [](const auto& word) { return !word.second.isAlive; });
+        int pairCount = 0;
+        for (auto& [word, entry] : words_) {
+            std::erase_if(entry.pairs, [&](const auto& pair) { return !isAlive(pair.first); });
+            pairCount += length(entry.pairs);
+        }
+        EXPECT_EQ(policy_->getBigramCount(), pairCount);
+    }
+
     void compare() const {
         std::set<Word> alive;
         for (const auto& [word, entry] : words_) {
@@ -80,6 +102,8 @@ public:
     }
 
 private:
+    static constexpr int LETTER = 'z';
+
     struct Entry {
         bool isAlive = false;
         bool isNotAWord = false;
@@ -157,6 +181,7 @@ private:
         }
     }
 
+    FormatVersion version_;
     std::unique_ptr<Ver4PatriciaTriePolicy> policy_;
     std::map<Word, Entry> words_;
 };
@@ -174,7 +199,7 @@ Word randomWord(std::mt19937& random) {
 TEST_P(LearningPolicyTest, HoldsWhatAPlainMapHolds) {
     std::mt19937 random(7);
     Learner learner(GetParam());
-    for (int operation = 1; operation <= 4000; ++operation) {
+    for (int operation = 1; operation <= 8000; ++operation) {
         const Word word = randomWord(random);
         const Word other = randomWord(random);
         const int probability = static_cast<int>(random() % 256);
@@ -199,6 +224,9 @@ TEST_P(LearningPolicyTest, HoldsWhatAPlainMapHolds) {
         }
         if (operation % 1000 != 0) continue;
         ASSERT_NO_FATAL_FAILURE(learner.compare()) << operation;
+        if (operation % 2000 != 0) continue;
+        ASSERT_NO_FATAL_FAILURE(learner.collect()) << operation;
+        ASSERT_NO_FATAL_FAILURE(learner.compare()) << operation << " collected";
     }
 }
 

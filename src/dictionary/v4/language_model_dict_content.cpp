@@ -40,11 +40,12 @@ int LanguageModelDictContent::getBitmapEntryIndex(IntArrayView prevWordIds) cons
     return bitmapEntryIndex;
 }
 
-bool LanguageModelDictContent::runGC(const TerminalIdMap* terminalIdMap,
-                                     const LanguageModelDictContent* original, int* outNgramCount) {
+bool LanguageModelDictContent::runGC(const TerminalIdMap* terminalIdMap, const ProbabilityContent* original,
+                                     int* outNgramCount) {
     if (outNgramCount) *outNgramCount = 0;
-    int remainingEntryCount = original->trieMap_.getEntryCount();
-    const TrieMap::TrieMapRange range(&original->trieMap_, original->trieMap_.getRootBitmapEntryIndex(),
+    const TrieMap& originalMap = static_cast<const LanguageModelDictContent*>(original)->trieMap_;
+    int remainingEntryCount = originalMap.getEntryCount();
+    const TrieMap::TrieMapRange range(&originalMap, originalMap.getRootBitmapEntryIndex(),
                                       &remainingEntryCount);
     // A sound walk reads no entry twice and never the root, so it leaves something of the count.
     return runGCInner(terminalIdMap, range, trieMap_.getRootBitmapEntryIndex(), 1, outNgramCount) &&

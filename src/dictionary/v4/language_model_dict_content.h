@@ -35,11 +35,9 @@ public:
     /// Where the level behind the words begins; TrieMap::INVALID_INDEX if there is none.
     [[nodiscard]] int getBitmapEntryIndex(IntArrayView prevWordIds) const;
 
-    /// Copies into this empty content what `original` has of the words that are kept, under their new
-    /// ids. `outNgramCount`, if given, becomes the count of entries on all levels. False if this content
-    /// is full or the original damaged.
-    bool runGC(const TerminalIdMap* terminalIdMap, const LanguageModelDictContent* original,
-               int* outNgramCount);
+    /// `outNgramCount` counts the entries of all levels.
+    bool runGC(const TerminalIdMap* terminalIdMap, const ProbabilityContent* original,
+               int* outNgramCount) override;
 
 private:
     /// No sequence of words is longer; one that is comes from a map whose levels hold each other.

@@ -21,6 +21,12 @@ public:
 
     [[nodiscard]] virtual bool isNearSizeLimit() const = 0;
 
+    /// Copies into this empty content what `original`, of the same layout, has of the words that are kept,
+    /// under their new ids. `outEntryCount`, if given, becomes the count of entries. False if this content is
+    /// full or the original damaged.
+    virtual bool runGC(const TerminalIdMap* terminalIdMap, const ProbabilityContent* original,
+                       int* outEntryCount) = 0;
+
 protected:
     ProbabilityContent() = default;
 };

@@ -21,10 +21,19 @@ Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(const HeaderPolicy* he
 Ver4DictBuffersPtr Ver4DictBuffers::createVer4DictBuffers(
     const HeaderPolicy* headerPolicy, int maxTrieSize, std::unique_ptr<ProbabilityContent> probabilityContent,
     std::unique_ptr<BigramListContent> bigramDictContent) {
-    Ver4DictBuffersPtr buffers(new Ver4DictBuffers(*headerPolicy, maxTrieSize, std::move(probabilityContent),
-                                                   std::move(bigramDictContent)));
-    const bool hasRoom = DynamicPtWritingUtils::writeEmptyDictionary(buffers->getWritableTrieBuffer(), 0);
-    return hasRoom ? std::move(buffers) : nullptr;
+    return Ver4DictBuffersPtr(new Ver4DictBuffers(*headerPolicy, maxTrieSize, std::move(probabilityContent),
+                                                  std::move(bigramDictContent)));
+}
+
+bool Ver4DictBuffers::writeEmptyTrie() {
+    return trieBuffer_.getTailPosition() == 0 && DynamicPtWritingUtils::writeEmptyDictionary(&trieBuffer_, 0);
+}
+
+bool Ver4DictBuffers::copyContents(const TerminalIdMap& terminalIdMap, const Ver4DictBuffers& original,
+                                   int* outBigramCount) {
+    return probabilityContent_->runGC(&terminalIdMap, original.probabilityContent_.get(), nullptr) &&
+           bigramDictContent_->runGC(&terminalIdMap, original.bigramDictContent_.get(), outBigramCount) &&
+           shortcutDictContent_.runGC(&terminalIdMap, &original.shortcutDictContent_);
 }
 
 Ver4DictBuffers::Ver4DictBuffers(const HeaderPolicy& headerPolicy, int maxTrieSize,

@@ -17,7 +17,8 @@ class Ver4DictBuffers {
 public:
     using Ver4DictBuffersPtr = std::unique_ptr<Ver4DictBuffers>;
 
-    /// An empty dictionary of the newer layout, in memory, whose trie takes `maxTrieSize` bytes.
+    /// Room for a dictionary of the newer layout, in memory, whose trie takes `maxTrieSize` bytes. There is
+    /// no trie yet.
     static Ver4DictBuffersPtr createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize);
 
     /// The same of a layout that keeps these two in its own way; both must be empty.
@@ -47,6 +48,14 @@ public:
     [[nodiscard]] const BigramListContent* getBigramDictContent() const { return bigramDictContent_.get(); }
     [[nodiscard]] ShortcutDictContent* getMutableShortcutDictContent() { return &shortcutDictContent_; }
     [[nodiscard]] const ShortcutDictContent* getShortcutDictContent() const { return &shortcutDictContent_; }
+
+    /// Makes an empty dictionary of what has no trie yet.
+    bool writeEmptyTrie();
+
+    /// Copies all but the trie into these buffers, which have nothing else yet, from others of the same
+    /// layout: what there is of the words that are kept, under their new ids.
+    bool copyContents(const TerminalIdMap& terminalIdMap, const Ver4DictBuffers& original,
+                      int* outBigramCount);
 
     /// One of the parts has little room left.
     [[nodiscard]] bool isNearSizeLimit() const;

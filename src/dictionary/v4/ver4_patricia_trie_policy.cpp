@@ -9,7 +9,8 @@
 
 namespace wordengine {
 
-Ver4PatriciaTriePolicy::Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersPtr buffers)
+Ver4PatriciaTriePolicy::Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersPtr buffers,
+                                               std::optional<Counts> counts)
     : buffers_(std::move(buffers)),
       headerPolicy_(buffers_->getHeaderPolicy()),
       trieBuffer_(buffers_->getWritableTrieBuffer()),
@@ -22,8 +23,8 @@ Ver4PatriciaTriePolicy::Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersP
                    buffers_->getMutableProbabilityContent(), &bigramPolicy_, &shortcutPolicy_, &nodeReader_,
                    &ptNodeArrayReader_, headerPolicy_}),
       updatingHelper_(trieBuffer_, &nodeReader_, &nodeWriter_),
-      unigramCount_(headerPolicy_->getUnigramCount()),
-      bigramCount_(headerPolicy_->getBigramCount()) {}
+      unigramCount_(counts ? counts->unigrams : headerPolicy_->getUnigramCount()),
+      bigramCount_(counts ? counts->bigrams : headerPolicy_->getBigramCount()) {}
 
 DynamicPtReadingHelper Ver4PatriciaTriePolicy::createReadingHelper() const {
     DynamicPtReadingHelper helper(&nodeReader_, &ptNodeArrayReader_, trieBuffer_->getTailPosition());

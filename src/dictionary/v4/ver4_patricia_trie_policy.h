@@ -13,7 +13,9 @@
 #include "dictionary/word_property.h"
 
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wordengine {
@@ -33,8 +35,17 @@ public:
     static constexpr int MIN_DICT_SIZE_TO_REFUSE_DYNAMIC_OPERATIONS =
         Ver4DictConstants::MAX_DICTIONARY_SIZE - MARGIN_TO_REFUSE_DYNAMIC_OPERATIONS;
 
-    /// The buffers must be there.
-    explicit Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersPtr buffers);
+    /// The buffers must be there; how much they hold, the header says.
+    explicit Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersPtr buffers)
+        : Ver4PatriciaTriePolicy(std::move(buffers), std::nullopt) {}
+
+    struct Counts {
+        int unigrams = 0;
+        int bigrams = 0;
+    };
+
+    /// The same, where the header is older than the buffers.
+    Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersPtr buffers, std::optional<Counts> counts);
 
     int getRootPosition() const override { return 0; }
     void readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const override;
@@ -62,6 +73,10 @@ public:
     bool flush(const char*) override { return false; }
     bool flushWithGC(const char*) override { return false; }
     bool needsToRunGC(bool mindsBlockByGC) const override;
+
+    /// Copies what is worth keeping into buffers without a trie. This dictionary can be read afterwards, and
+    /// no more be changed.
+    bool collectInto(Ver4DictBuffers* buffersToWrite, Counts* outCounts);
 
     /// Answers the four queries, each in full; leaves the result alone for any other.
     void getProperty(const char* query, int queryLength, char* outResult, int maxResultLength) override;
@@ -98,6 +113,7 @@ private:
     int unigramCount_;
     int bigramCount_;
     std::vector<int> terminalPtNodePositionsForIteratingWords_;
+    bool isCollected_ = false;
     mutable bool isCorrupted_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include "dictionary/prev_words_info.h"
 #include "dictionary/v4/forgetting_curve_utils.h"
 #include "dictionary/v4/ver4_patricia_trie_policy.h"
+#include "dictionary/v4/ver4_patricia_trie_writing_helper.h"
 #include "storage/byte_array_utils.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ bool canTargetBeStored(const std::vector<int>& target) {
 }  // namespace
 
 bool Ver4PatriciaTriePolicy::canChange() const {
-    return buffers_->isUpdatable() && !isCorrupted_ &&
+    return buffers_->isUpdatable() && !isCorrupted_ && !isCollected_ &&
            trieBuffer_->getTailPosition() < MIN_DICT_SIZE_TO_REFUSE_DYNAMIC_OPERATIONS;
 }
 
@@ -161,6 +162,14 @@ bool Ver4PatriciaTriePolicy::needsToRunGC(bool mindsBlockByGC) const {
     if (trieBuffer_->getTailPosition() >= MIN_DICT_SIZE_TO_REFUSE_DYNAMIC_OPERATIONS) return true;
     return headerPolicy_->isDecayingDict() &&
            ForgettingCurveUtils::needsToDecay(mindsBlockByGC, unigramCount_, bigramCount_, headerPolicy_);
+}
+
+bool Ver4PatriciaTriePolicy::collectInto(Ver4DictBuffers* buffersToWrite, Counts* outCounts) {
+    if (!buffers_->isUpdatable() || isCorrupted_ || isCollected_) return false;
+    isCollected_ = true;
+    renewIdentity();
+    return Ver4PatriciaTrieWritingHelper(buffers_.get())
+        .runGC(getRootPosition(), buffersToWrite, &outCounts->unigrams, &outCounts->bigrams);
 }
 
 WordProperty Ver4PatriciaTriePolicy::getWordProperty(const int* word, int length) const {

@@ -33,11 +33,12 @@ bool ProbabilityDictContent::setProbabilityEntry(int terminalId, const Probabili
            writeEntry(*probabilityEntry, terminalId * getEntrySize());
 }
 
-bool ProbabilityDictContent::runGC(const TerminalIdMap* terminalIdMap, const ProbabilityDictContent* original,
+bool ProbabilityDictContent::runGC(const TerminalIdMap* terminalIdMap, const ProbabilityContent* original,
                                    int* outEntryCount) {
+    const int originalCount = static_cast<const ProbabilityDictContent*>(original)->getEntryCount();
     int entryCount = 0;
     for (const auto& [oldId, newId] : *terminalIdMap) {
-        if (oldId < 0 || oldId >= original->getEntryCount()) continue;
+        if (oldId < 0 || oldId >= originalCount) continue;
         const ProbabilityEntry entry = original->getProbabilityEntry(oldId);
         if (!setProbabilityEntry(newId, &entry)) return false;
         ++entryCount;

@@ -24,10 +24,8 @@ public:
     bool setProbabilityEntry(int terminalId, const ProbabilityEntry* probabilityEntry) override;
     [[nodiscard]] bool isNearSizeLimit() const override { return SingleDictContent::isNearSizeLimit(); }
 
-    /// Copies into this empty content the entries that `original` has of words that are kept, under their
-    /// new ids. `outEntryCount`, if given, becomes their count.
-    bool runGC(const TerminalIdMap* terminalIdMap, const ProbabilityDictContent* original,
-               int* outEntryCount);
+    bool runGC(const TerminalIdMap* terminalIdMap, const ProbabilityContent* original,
+               int* outEntryCount) override;
 
 private:
     [[nodiscard]] int getEntrySize() const;

@@ -7,7 +7,8 @@ namespace wordengine::backward::v402 {
 
 using wordengine::Ver4DictBuffers;
 
-/// An empty dictionary of the older layout, in memory, whose trie takes `maxTrieSize` bytes.
+/// Room for a dictionary of the older layout, in memory, whose trie takes `maxTrieSize` bytes. There is no
+/// trie yet.
 Ver4DictBuffers::Ver4DictBuffersPtr createVer4DictBuffers(const HeaderPolicy* headerPolicy, int maxTrieSize);
 
 }  // namespace wordengine::backward::v402
