@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "dictionary/ngram_listener.h"
 #include "dictionary/prev_words_info.h"
+#include "dictionary/v4/forgetting_curve_utils.h"
 #include "dictionary/v4/ver4_patricia_trie_policy.h"
 #include "dictionary/v402/ver4_dict_buffers.h"
 #include "node/dic_node_child.h"
+#include "text/time_keeper.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +21,20 @@ namespace {
 using Word = std::vector<int>;
 using FormatVersion = FormatUtils::FORMAT_VERSION;
 
-Ver4DictBuffers::Ver4DictBuffersPtr newBuffers(FormatVersion version) {
+using Settings = std::map<std::string, std::string>;
+
+Ver4DictBuffers::Ver4DictBuffersPtr newBuffers(FormatVersion version, const Settings& settings = {}) {
     constexpr int TRIE_SIZE = Ver4DictConstants::MAX_DICTIONARY_SIZE;
-    const DictionaryHeaderStructurePolicy::AttributeMap attributes;
+    DictionaryHeaderStructurePolicy::AttributeMap attributes;
+    for (const auto& [key, value] : settings)
+        attributes[{key.begin(), key.end()}] = {value.begin(), value.end()};
     const HeaderPolicy header(version, {}, &attributes);
     return version == FormatUtils::VERSION_402 ? backward::v402::createVer4DictBuffers(&header, TRIE_SIZE)
                                                : Ver4DictBuffers::createVer4DictBuffers(&header, TRIE_SIZE);
 }
 
-std::unique_ptr<Ver4PatriciaTriePolicy> newDictionary(FormatVersion version) {
-    auto buffers = newBuffers(version);
+std::unique_ptr<Ver4PatriciaTriePolicy> newDictionary(FormatVersion version, const Settings& settings = {}) {
+    auto buffers = newBuffers(version, settings);
     EXPECT_TRUE(buffers->writeEmptyTrie());
     return std::make_unique<Ver4PatriciaTriePolicy>(std::move(buffers));
 }
@@ -276,6 +282,64 @@ TEST_P(LearningPolicyTest, SentencesBeginWithAMarkThatIsNoWord) {
         policy->getProperty(query, static_cast<int>(std::string(query).size()), answer, sizeof answer);
         EXPECT_STREQ(answer, expected) << query;
     }
+}
+
+/// What has not been used for long loses its levels, then goes; of the rest, as many stay as may, the most
+/// probable first.
+TEST_P(LearningPolicyTest, ForgetsWhatIsNotUsed) {
+    constexpr int NOW = 1700000000;
+    constexpr int DAY = 24 * 60 * 60;
+    constexpr size_t MOST_WORDS = 40;
+    const Settings settings = {{HeaderPolicy::IS_DECAYING_DICT_KEY, "1"},
+                               {HeaderPolicy::HAS_HISTORICAL_INFO_KEY, "1"},
+                               {HeaderPolicy::MAX_UNIGRAM_COUNT_KEY, std::to_string(MOST_WORDS)}};
+    TimeKeeper::startTestModeWithForceCurrentTime(NOW);
+    auto policy = newDictionary(GetParam(), settings);
+    auto buffers = newBuffers(GetParam(), settings);
+    const HeaderPolicy& header = *buffers->getHeaderPolicy();
+    struct Expected {
+        int probability;
+        int latest;
+        Word word;
+        HistoricalInfo info;
+    };
+    std::vector<Expected> kept;
+    std::set<Word> all;
+    std::mt19937 random(9);
+    while (all.size() < 120) {
+        const Word word = randomWord(random);
+        if (!all.insert(word).second) continue;
+        const HistoricalInfo info(NOW - static_cast<int>(all.size()) * DAY, static_cast<int>(random() % 4),
+                                  0);
+        const UnigramProperty property(false, false, false, NO_PROBABILITY, info.getTimeStamp(),
+                                       info.getLevel(), 0);
+        ASSERT_TRUE(policy->addUnigramEntry(word.data(), static_cast<int>(word.size()), &property));
+        const HistoricalInfo saved = ForgettingCurveUtils::createHistoricalInfoToSave(&info, &header);
+        if (!ForgettingCurveUtils::needsToKeep(&saved, &header)) continue;
+        kept.push_back(
+            {ForgettingCurveUtils::decodeProbability(&saved, &header), saved.getTimeStamp(), word, saved});
+    }
+    Ver4PatriciaTriePolicy::Counts counts;
+    ASSERT_TRUE(policy->collectInto(buffers.get(), &counts));
+    policy = std::make_unique<Ver4PatriciaTriePolicy>(std::move(buffers), counts);
+    TimeKeeper::stopTestMode();
+    ASSERT_GT(kept.size(), MOST_WORDS);
+    std::ranges::sort(kept, {},
+                      [](const Expected& word) { return std::pair(-word.probability, word.latest); });
+    for (size_t i = 0; i < kept.size(); ++i) {
+        const Word& word = kept[i].word;
+        const WordProperty found = policy->getWordProperty(word.data(), static_cast<int>(word.size()));
+        // Where the limit falls between words of one rank, either may stay.
+        const auto isTied = [&](size_t other) {
+            return kept[other].probability == kept[i].probability && kept[other].latest == kept[i].latest;
+        };
+        if (isTied(MOST_WORDS - 1) || isTied(MOST_WORDS)) continue;
+        ASSERT_EQ(!found.getCodePoints().empty(), i < MOST_WORDS) << i;
+        if (i >= MOST_WORDS) continue;
+        EXPECT_EQ(found.getUnigramProperty().getLevel(), kept[i].info.getLevel());
+        EXPECT_EQ(found.getUnigramProperty().getTimestamp(), kept[i].info.getTimeStamp());
+    }
+    EXPECT_EQ(policy->getUnigramCount(), static_cast<int>(MOST_WORDS));
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLayouts, LearningPolicyTest,

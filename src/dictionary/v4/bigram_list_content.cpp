@@ -34,6 +34,8 @@ BigramEntry BigramListContent::getBigramEntryAndAdvancePosition(int* pos) const 
 
 std::optional<BigramListContent::FoundEntry> BigramListContent::readNextEntry(
     int* pos, int* remainingEntryCount) const {
+    // No list, or one that has ended: nothing is read.
+    if (*pos == NO_DICT_POS) return std::nullopt;
     const auto entry = readEntry(pos, remainingEntryCount);
     if (!entry) return std::nullopt;
     const int entryPos = *pos - getEntrySize();
