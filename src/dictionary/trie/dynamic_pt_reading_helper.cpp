@@ -38,6 +38,11 @@ PtNodeParams DynamicPtReadingHelper::getPtNodeParams() const {
     return ptNodeReader_->fetchPtNodeParamsInBufferFromPtNodePos(readingState_.pos);
 }
 
+PtNodeParams DynamicPtReadingHelper::getPtNodeWithoutProbability() const {
+    if (isEnd()) return PtNodeParams();
+    return ptNodeReader_->fetchPtNodeWithoutProbability(readingState_.pos);
+}
+
 void DynamicPtReadingHelper::goToNextSibling(const PtNodeParams& ptNodeParams) {
     --readingState_.remainingPtNodeCountInThisArray;
     readingState_.pos = ptNodeParams.getSiblingNodePos();
@@ -137,7 +142,7 @@ int DynamicPtReadingHelper::getTerminalPtNodePositionOfWord(const int* word, int
         return forceLowerCaseSearch ? CharUtils::toLowerCase(codePoint) : codePoint;
     });
     while (!isEnd()) {
-        const PtNodeParams ptNodeParams = getPtNodeParams();
+        const PtNodeParams ptNodeParams = getPtNodeWithoutProbability();
         if (!ptNodeParams.isValid()) {
             endWithError();
             break;

@@ -60,6 +60,9 @@ public:
     /// The node under the cursor; an invalid one is not an error yet.
     PtNodeParams getPtNodeParams() const;
 
+    /// The same, perhaps without its probability.
+    PtNodeParams getPtNodeWithoutProbability() const;
+
     /// Code points of the nodes above the current array.
     int getTotalCodePointCount() const { return readingState_.totalCodePointCount; }
     int getPosOfLastForwardLinkField() const { return readingState_.posOfLastForwardLinkField; }

@@ -34,7 +34,7 @@ bool DynamicPtUpdatingHelper::addUnigramWord(DynamicPtReadingHelper* readingHelp
     if (length < 1 || length > WORD_LENGTH_LIMIT) return false;
     int parentPos = NO_DICT_POS;
     while (!readingHelper->isEnd()) {
-        const PtNodeParams ptNodeParams = readingHelper->getPtNodeParams();
+        const PtNodeParams ptNodeParams = readingHelper->getPtNodeWithoutProbability();
         if (!ptNodeParams.isValid()) return false;
         const int matched = readingHelper->getTotalCodePointCount();
         if (matched >= length) return false;

@@ -15,6 +15,11 @@ public:
     /// An invalid node for a position that holds none.
     virtual PtNodeParams fetchPtNodeParamsInBufferFromPtNodePos(int ptNodePos) const = 0;
 
+    /// The same, perhaps without the probability: for walks that pass by many nodes.
+    virtual PtNodeParams fetchPtNodeWithoutProbability(int ptNodePos) const {
+        return fetchPtNodeParamsInBufferFromPtNodePos(ptNodePos);
+    }
+
 protected:
     PtNodeReader() = default;
 };

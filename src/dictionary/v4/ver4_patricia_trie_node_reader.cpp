@@ -11,16 +11,18 @@
 
 namespace wordengine {
 
-PtNodeParams Ver4PatriciaTrieNodeReader::fetchPtNodeParamsInBufferFromPtNodePos(int ptNodePos) const {
-    PtNodeParams ptNodeParams = fetchPtNodeInfo(ptNodePos, NO_DICT_POS);
+PtNodeParams Ver4PatriciaTrieNodeReader::fetchFollowingMoves(int ptNodePos, Probability probability) const {
+    PtNodeParams ptNodeParams = fetchPtNodeInfo(ptNodePos, NO_DICT_POS, probability);
     for (int moves = 0; ptNodeParams.isMoved(); ++moves) {
         if (moves == MAX_MOVES) return PtNodeParams();
-        ptNodeParams = fetchPtNodeInfo(ptNodeParams.getParentPos(), ptNodeParams.getSiblingNodePos());
+        ptNodeParams =
+            fetchPtNodeInfo(ptNodeParams.getParentPos(), ptNodeParams.getSiblingNodePos(), probability);
     }
     return ptNodeParams;
 }
 
-PtNodeParams Ver4PatriciaTrieNodeReader::fetchPtNodeInfo(int ptNodePos, int siblingNodePos) const {
+PtNodeParams Ver4PatriciaTrieNodeReader::fetchPtNodeInfo(int ptNodePos, int siblingNodePos,
+                                                         Probability probability) const {
     BufferCursor cursor(buffer_, ptNodePos);
     ByteReader* const reader = cursor.reader();
     const NodeFlags flags = PatriciaTrieReadingUtils::getFlagsAndAdvancePosition(reader);
@@ -39,7 +41,8 @@ PtNodeParams Ver4PatriciaTrieNodeReader::fetchPtNodeInfo(int ptNodePos, int sibl
     if (!cursor.ok() || codePointCount <= 0) return PtNodeParams();
     return PtNodeParams(ptNodePos, flags, DynamicPtReadingUtils::getParentPtNodePos(parentOffset, ptNodePos),
                         codePointCount, codePoints.data(), terminalIdFieldPos, terminalId,
-                        readProbability(terminalId), childrenPosFieldPos,
+                        probability == Probability::READ ? readProbability(terminalId) : NO_PROBABILITY,
+                        childrenPosFieldPos,
                         DynamicPtReadingUtils::getPosOrNone(childrenOffset, childrenPosFieldPos),
                         siblingNodePos == NO_DICT_POS ? cursor.pos() : siblingNodePos);
 }

@@ -19,13 +19,22 @@ public:
                                const ProbabilityContent* probabilityContent, const HeaderPolicy* headerPolicy)
         : buffer_(buffer), probabilityContent_(probabilityContent), headerPolicy_(headerPolicy) {}
 
-    PtNodeParams fetchPtNodeParamsInBufferFromPtNodePos(int ptNodePos) const override;
+    PtNodeParams fetchPtNodeParamsInBufferFromPtNodePos(int ptNodePos) const override {
+        return fetchFollowingMoves(ptNodePos, Probability::READ);
+    }
+    PtNodeParams fetchPtNodeWithoutProbability(int ptNodePos) const override {
+        return fetchFollowingMoves(ptNodePos, Probability::PASSED_OVER);
+    }
 
 private:
     /// A node is moved when its word comes back or is split, so a long row of moves is a circle.
     static constexpr int MAX_MOVES = 2048;
 
-    [[nodiscard]] PtNodeParams fetchPtNodeInfo(int ptNodePos, int siblingNodePos) const;
+    enum class Probability { READ, PASSED_OVER };
+
+    [[nodiscard]] PtNodeParams fetchFollowingMoves(int ptNodePos, Probability probability) const;
+    [[nodiscard]] PtNodeParams fetchPtNodeInfo(int ptNodePos, int siblingNodePos,
+                                               Probability probability) const;
     [[nodiscard]] int readProbability(int terminalId) const;
 
     const BufferWithExtendableBuffer* buffer_;

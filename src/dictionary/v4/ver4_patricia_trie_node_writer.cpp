@@ -44,7 +44,7 @@ bool Ver4PatriciaTrieNodeWriter::updateParentOfChildren(const PtNodeParams& ptNo
                                   parts_.trieBuffer->getTailPosition());
     helper.initWithPtNodeArrayPos(ptNodeParams.getChildrenPos());
     while (!helper.isEnd()) {
-        const PtNodeParams child = helper.getPtNodeParams();
+        const PtNodeParams child = helper.getPtNodeWithoutProbability();
         if (!child.isValid() || !writeParentPos(child.getHeadPos(), newParentPos)) return false;
         helper.goToNextSibling(child);
     }
