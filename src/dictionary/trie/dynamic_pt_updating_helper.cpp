@@ -181,26 +181,25 @@ bool DynamicPtUpdatingHelper::writePartsBelowPrefix(const PtNodeParams& ptNodePa
     return DynamicPtWritingUtils::writeForwardLinkPositionAndAdvancePosition(buffer_, NO_DICT_POS, &pos);
 }
 
+std::optional<DynamicPtUpdatingHelper::PairIds> DynamicPtUpdatingHelper::terminalIdsOf(
+    IntArrayView prevWordsPtNodePos, int wordPos) const {
+    if (prevWordsPtNodePos.empty()) return std::nullopt;
+    const PtNodeParams word = ptNodeReader_->fetchPtNodeWithoutProbability(wordPos);
+    const PtNodeParams previous = ptNodeReader_->fetchPtNodeWithoutProbability(prevWordsPtNodePos[0]);
+    if (!word.isValid() || !previous.isValid()) return std::nullopt;
+    return PairIds{previous.getTerminalId(), word.getTerminalId()};
+}
+
 bool DynamicPtUpdatingHelper::addNgramEntry(IntArrayView prevWordsPtNodePos, int wordPos,
                                             const BigramProperty* bigramProperty, bool* outAddedNewEntry) {
-    const PtNodeParams word = ptNodeReader_->fetchPtNodeParamsInBufferFromPtNodePos(wordPos);
-    if (prevWordsPtNodePos.empty() || !word.isValid()) return false;
-    const PtNodeParams previous =
-        ptNodeReader_->fetchPtNodeParamsInBufferFromPtNodePos(prevWordsPtNodePos[0]);
-    if (!previous.isValid()) return false;
-    const int previousId = previous.getTerminalId();
-    return ptNodeWriter_->addNgramEntry(IntArrayView(&previousId, 1), word.getTerminalId(), bigramProperty,
-                                        outAddedNewEntry);
+    const auto ids = terminalIdsOf(prevWordsPtNodePos, wordPos);
+    return ids && ptNodeWriter_->addNgramEntry(IntArrayView(&ids->previous, 1), ids->word, bigramProperty,
+                                               outAddedNewEntry);
 }
 
 bool DynamicPtUpdatingHelper::removeNgramEntry(IntArrayView prevWordsPtNodePos, int wordPos) {
-    const PtNodeParams word = ptNodeReader_->fetchPtNodeParamsInBufferFromPtNodePos(wordPos);
-    if (prevWordsPtNodePos.empty() || !word.isValid()) return false;
-    const PtNodeParams previous =
-        ptNodeReader_->fetchPtNodeParamsInBufferFromPtNodePos(prevWordsPtNodePos[0]);
-    if (!previous.isValid()) return false;
-    const int previousId = previous.getTerminalId();
-    return ptNodeWriter_->removeNgramEntry(IntArrayView(&previousId, 1), word.getTerminalId());
+    const auto ids = terminalIdsOf(prevWordsPtNodePos, wordPos);
+    return ids && ptNodeWriter_->removeNgramEntry(IntArrayView(&ids->previous, 1), ids->word);
 }
 
 bool DynamicPtUpdatingHelper::addShortcutTarget(int wordPos, const int* targetCodePoints,

@@ -5,6 +5,8 @@
 #include "storage/buffer_with_extendable_buffer.h"
 #include "storage/int_array_view.h"
 
+#include <optional>
+
 namespace wordengine {
 
 class BigramProperty;
@@ -38,13 +40,19 @@ public:
                            int shortcutProbability);
 
 private:
+    struct PairIds {
+        int previous;
+        int word;
+    };
+
+    [[nodiscard]] std::optional<PairIds> terminalIdsOf(IntArrayView prevWordsPtNodePos, int wordPos) const;
+
     /// The letters of a word that no node has yet.
     struct Rest {
         const int* codePoints;
         int count;
     };
 
-    bool addBelow(const PtNodeParams& ptNodeParams, Rest rest, const UnigramProperty* unigramProperty);
     bool setPtNodeProbability(const PtNodeParams& ptNodeParams, const UnigramProperty* unigramProperty,
                               bool* outAddedNewUnigram);
     bool createAndInsertNodeIntoPtNodeArray(int parentPos, Rest rest, const UnigramProperty* unigramProperty,

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "dictionary/trie/dynamic_pt_writing_utils.h"
 
-#include "dictionary/trie/dynamic_pt_reading_utils.h"
 #include "text/engine_constants.h"
 
 #include <cstdint>

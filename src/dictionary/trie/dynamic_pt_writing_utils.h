@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "dictionary/trie/dynamic_pt_reading_utils.h"
 #include "dictionary/trie/pt_node_flags.h"
 #include "storage/buffer_with_extendable_buffer.h"
 
@@ -18,7 +19,7 @@ public:
     static constexpr int DICT_OFFSET_FIELD_SIZE = 3;
     static constexpr int MAX_DICT_OFFSET_VALUE = 0x7FFFFF;
     static constexpr int MIN_DICT_OFFSET_VALUE = -0x7FFFFF;
-    static constexpr uint32_t DICT_OFFSET_NEGATIVE_FLAG = 0x800000;
+    static constexpr uint32_t DICT_OFFSET_NEGATIVE_FLAG = DynamicPtReadingUtils::DICT_OFFSET_NEGATIVE_FLAG;
     static constexpr int NODE_FLAG_FIELD_SIZE = 1;
 
     DynamicPtWritingUtils() = delete;

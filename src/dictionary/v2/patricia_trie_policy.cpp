@@ -149,23 +149,8 @@ void PatriciaTriePolicy::getProperty(const char*, int, char* outResult, int maxR
 }
 
 int PatriciaTriePolicy::getNextWordAndNextToken(int token, int* outCodePoints, int* outCodePointCount) {
-    std::vector<int>& positions = terminalPtNodePositionsForIteratingWords_;
-    if (token == 0) {
-        positions.clear();
-        DynamicPtReadingHelper::TraversePolicyToGetAllTerminalPtNodePositions listener(&positions);
-        if (!createReadingHelper().traverseAllPtNodesInPostorderDepthFirstManner(&listener)) {
-            isCorrupted_ = true;
-        }
-    }
-    const int wordCount = static_cast<int>(positions.size());
-    if (token < 0 || token >= wordCount) return 0;
-    int unigramProbability;
-    *outCodePointCount = getCodePointsAndProbabilityAndReturnCodePointCount(
-        positions[static_cast<size_t>(token)], WORD_LENGTH_LIMIT, outCodePoints, &unigramProbability);
-    const int nextToken = token + 1;
-    if (nextToken < wordCount) return nextToken;
-    positions.clear();
-    return 0;
+    return wordWalk_.next(token, createReadingHelper(), *this, outCodePoints, outCodePointCount,
+                          &isCorrupted_);
 }
 
 }  // namespace wordengine

@@ -4,6 +4,7 @@
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "dictionary/header_policy.h"
 #include "dictionary/trie/dynamic_pt_reading_helper.h"
+#include "dictionary/trie/word_walk.h"
 #include "dictionary/v2/bigram_list_policy.h"
 #include "dictionary/v2/shortcut_list_policy.h"
 #include "dictionary/v2/ver2_particia_trie_node_reader.h"
@@ -84,7 +85,7 @@ private:
     ShortcutListPolicy shortcutListPolicy_;
     Ver2ParticiaTrieNodeReader ptNodeReader_;
     Ver2PtNodeArrayReader ptNodeArrayReader_;
-    std::vector<int> terminalPtNodePositionsForIteratingWords_;
+    WordWalk wordWalk_;
     mutable bool isCorrupted_ = false;
     /// Bytes that have been read to find words by their positions.
     mutable int64_t bytesOfWordSearches_ = 0;

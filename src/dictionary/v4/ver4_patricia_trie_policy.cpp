@@ -26,9 +26,9 @@ Ver4PatriciaTriePolicy::Ver4PatriciaTriePolicy(Ver4DictBuffers::Ver4DictBuffersP
       unigramCount_(counts ? counts->unigrams : headerPolicy_->getUnigramCount()),
       bigramCount_(counts ? counts->bigrams : headerPolicy_->getBigramCount()) {}
 
-DynamicPtReadingHelper Ver4PatriciaTriePolicy::createReadingHelper() const {
+DynamicPtReadingHelper Ver4PatriciaTriePolicy::createReadingHelper(int ptNodeArrayPos) const {
     DynamicPtReadingHelper helper(&nodeReader_, &ptNodeArrayReader_, trieBuffer_->getTailPosition());
-    helper.initWithPtNodeArrayPos(getRootPosition());
+    helper.initWithPtNodeArrayPos(ptNodeArrayPos);
     return helper;
 }
 
@@ -39,8 +39,7 @@ bool Ver4PatriciaTriePolicy::noteDamage(bool isDamaged) const {
 }
 
 void Ver4PatriciaTriePolicy::readChildren(int ptNodeArrayPos, DicNodeChildList* outChildren) const {
-    DynamicPtReadingHelper helper(&nodeReader_, &ptNodeArrayReader_, trieBuffer_->getTailPosition());
-    helper.initWithPtNodeArrayPos(ptNodeArrayPos);
+    DynamicPtReadingHelper helper = createReadingHelper(ptNodeArrayPos);
     while (!helper.isEnd()) {
         const PtNodeParams child = helper.getPtNodeParams();
         if (noteDamage(!child.isValid())) break;
@@ -71,7 +70,7 @@ int Ver4PatriciaTriePolicy::getCodePointsAndProbabilityAndReturnCodePointCount(
 
 int Ver4PatriciaTriePolicy::getTerminalPtNodePositionOfWord(const int* word, int length,
                                                             bool forceLowerCaseSearch) const {
-    DynamicPtReadingHelper helper = createReadingHelper();
+    DynamicPtReadingHelper helper = createReadingHelper(getRootPosition());
     const int pos = helper.getTerminalPtNodePositionOfWord(word, length, forceLowerCaseSearch);
     noteDamage(helper.isError());
     return fetchLivingWord(pos).isValid() ? pos : NO_DICT_POS;
@@ -161,21 +160,8 @@ void Ver4PatriciaTriePolicy::getProperty(const char* query, int queryLength, cha
 }
 
 int Ver4PatriciaTriePolicy::getNextWordAndNextToken(int token, int* outCodePoints, int* outCodePointCount) {
-    std::vector<int>& positions = terminalPtNodePositionsForIteratingWords_;
-    if (token == 0) {
-        positions.clear();
-        DynamicPtReadingHelper::TraversePolicyToGetAllTerminalPtNodePositions listener(&positions);
-        noteDamage(!createReadingHelper().traverseAllPtNodesInPostorderDepthFirstManner(&listener));
-    }
-    const int wordCount = static_cast<int>(positions.size());
-    if (token < 0 || token >= wordCount) return 0;
-    int unigramProbability;
-    *outCodePointCount = getCodePointsAndProbabilityAndReturnCodePointCount(
-        positions[static_cast<size_t>(token)], WORD_LENGTH_LIMIT, outCodePoints, &unigramProbability);
-    const int nextToken = token + 1;
-    if (nextToken < wordCount) return nextToken;
-    positions.clear();
-    return 0;
+    return wordWalk_.next(token, createReadingHelper(getRootPosition()), *this, outCodePoints,
+                          outCodePointCount, &isCorrupted_);
 }
 
 }  // namespace wordengine

@@ -4,6 +4,7 @@
 #include "dictionary/dictionary_structure_with_buffer_policy.h"
 #include "dictionary/trie/dynamic_pt_reading_helper.h"
 #include "dictionary/trie/dynamic_pt_updating_helper.h"
+#include "dictionary/trie/word_walk.h"
 #include "dictionary/v4/ver4_bigram_list_policy.h"
 #include "dictionary/v4/ver4_dict_buffers.h"
 #include "dictionary/v4/ver4_patricia_trie_node_reader.h"
@@ -90,7 +91,7 @@ public:
     [[nodiscard]] WordProperty getWordProperty(const int* word, int length) const;
 
 private:
-    [[nodiscard]] DynamicPtReadingHelper createReadingHelper() const;
+    [[nodiscard]] DynamicPtReadingHelper createReadingHelper(int ptNodeArrayPos) const;
     [[nodiscard]] PtNodeParams fetchLivingWord(int ptNodePos) const;
     [[nodiscard]] bool canChange() const;
     bool noteDamage(bool isDamaged) const;
@@ -112,7 +113,7 @@ private:
     DynamicPtUpdatingHelper updatingHelper_;
     int unigramCount_;
     int bigramCount_;
-    std::vector<int> terminalPtNodePositionsForIteratingWords_;
+    WordWalk wordWalk_;
     bool isCollected_ = false;
     mutable bool isCorrupted_ = false;
 };

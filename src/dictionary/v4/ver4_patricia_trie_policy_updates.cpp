@@ -65,7 +65,7 @@ bool Ver4PatriciaTriePolicy::addUnigramEntry(const int* word, int length,
         return false;
     }
     renewIdentity();
-    DynamicPtReadingHelper helper = createReadingHelper();
+    DynamicPtReadingHelper helper = createReadingHelper(getRootPosition());
     bool isNew = false;
     if (!updatingHelper_.addUnigramWord(&helper, stored.codePoints(), stored.length(), unigramProperty,
                                         &isNew)) {
