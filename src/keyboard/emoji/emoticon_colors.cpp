@@ -2,7 +2,6 @@
 #include "keyboard/emoji/emoticon_colors.h"
 
 #include "keyboard/model/preference_keys.h"
-#include "keyboard/theme/contrast.h"
 #include "keyboard/theme/theme_color.h"
 
 namespace vorpel {
@@ -32,14 +31,7 @@ EmoticonColors EmoticonColors::of(bool darkMode, const platform::UserDefaults& d
     colors.text = darkMode ? ui::Color::white() : GREY;
     colors.buttonTitle = themeColor(defaults, preferences::KEY_TEXT_COLOR, colors.text);
     colors.buttonBackground = themeColor(defaults, preferences::KEY_COLOR, ui::Color::clear());
-    if (isThemed(defaults)) {
-        // No theme says what can be read where nothing but the ground is: one of its two texts can.
-        const ui::Color barText =
-            themeColor(defaults, preferences::SUGGESTION_TEXT_COLOR, colors.buttonTitle);
-        const bool barTextIsBetter =
-            contrast(barText, colors.background) > contrast(colors.buttonTitle, colors.background);
-        colors.text = barTextIsBetter ? barText : colors.buttonTitle;
-    }
+    if (isThemed(defaults)) colors.text = themeTextOn(colors.background, colors.buttonTitle, defaults);
     colors.highlight = colors.text.withAlpha(HIGHLIGHT_ALPHA);
     colors.indicator = colors.text;
     colors.heldButton = isThemed(defaults)

@@ -83,11 +83,17 @@ void VPEmoticonKeyboardView::open() {
 
 void VPEmoticonKeyboardView::setCurrentIndex(int page) {
     if (page < 0 || page >= EMOJI_PAGE_COUNT) return;
-    currentIndex_ = page;
     emojiButtonView_.setCurrentPage(page);
+    becomeCurrent(page);
+    refreshRecentPage();
+}
+
+/// The pages tell of it too when they are sent there.
+void VPEmoticonKeyboardView::becomeCurrent(int page) {
+    if (page == currentIndex_) return;
+    currentIndex_ = page;
     fillCurrentArray();
     categoryView_.setItemColor(page);
-    refreshRecentPage();
 }
 
 void VPEmoticonKeyboardView::fillCurrentArray() {
@@ -151,9 +157,7 @@ void VPEmoticonKeyboardView::showEmoji(EmojiPageView& page, int index) {
 }
 
 void VPEmoticonKeyboardView::pagedScrollViewCurrentItemIndexDidChange(ui::PagedScrollView& pages) {
-    currentIndex_ = pages.currentPage();
-    fillCurrentArray();
-    categoryView_.setItemColor(currentIndex_);
+    becomeCurrent(pages.currentPage());
 }
 
 void VPEmoticonKeyboardView::pagedScrollViewDidEndDragging(ui::PagedScrollView& /*pages*/,

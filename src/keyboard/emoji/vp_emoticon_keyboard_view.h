@@ -94,6 +94,7 @@ private:
     void emojiTapped(const std::string& text, VPEmojiCollectionViewCell& sender) override;
 
     void setUpButtons(const platform::Bundle& bundle);
+    void becomeCurrent(int page);
     void fillCurrentArray();
     void modeChange();
     void backspaceDown();
@@ -104,7 +105,7 @@ private:
 
     const platform::Platform& platform_;
     VPEmoticonManager manager_;
-    int currentIndex_ = FACES_AND_PEOPLE;
+    int currentIndex_ = -1;  // until one is shown
     bool recentPageIsOld_ = false;
     bool darkMode_ = false;
     ui::Color textColor_;

@@ -2,7 +2,6 @@
 #include "keyboard/settings/settings_colors.h"
 
 #include "keyboard/model/preference_keys.h"
-#include "keyboard/theme/contrast.h"
 #include "keyboard/theme/theme_color.h"
 
 namespace vorpel {
@@ -24,10 +23,7 @@ void applyTheme(SettingsColors& colors, const platform::UserDefaults& defaults) 
     colors.card = themeColor(defaults, preferences::KEY_COLOR, colors.card);
     colors.text = themeColor(defaults, preferences::KEY_TEXT_COLOR, colors.text);
     colors.accent = colors.text.withAlpha(THEME_ACCENT_ALPHA);
-    // No theme says what can be read where nothing but the ground is: one of its two texts can.
-    const ui::Color barText = themeColor(defaults, preferences::SUGGESTION_TEXT_COLOR, colors.text);
-    const bool barTextIsBetter = contrast(barText, colors.ground) > contrast(colors.text, colors.ground);
-    colors.groundText = colors.button = barTextIsBetter ? barText : colors.text;
+    colors.groundText = colors.button = themeTextOn(colors.ground, colors.text, defaults);
 }
 
 }  // namespace

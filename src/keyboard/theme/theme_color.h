@@ -13,4 +13,9 @@ namespace vorpel {
 [[nodiscard]] ui::Color themeColor(const platform::UserDefaults& defaults, const char* key,
                                    const ui::Color& builtIn);
 
+/// For text on nothing but the ground of the theme in force: none says what can be read there, so it is the
+/// more readable of its two texts, `keyText` and that of the bar.
+[[nodiscard]] ui::Color themeTextOn(const ui::Color& ground, const ui::Color& keyText,
+                                    const platform::UserDefaults& defaults);
+
 }  // namespace vorpel
