@@ -12,8 +12,8 @@
 
 namespace vorpel::ui {
 
-/// The file of the emoji font: which emoji have a picture in it, and those pictures. The text
-/// library decodes each of them several times over before it is drawn; here it is done once. One thread.
+/// The file of the emoji font: which emoji have a picture in it, and those pictures. To
+/// draw one for the first time by way of the text library takes several times as long. One thread.
 class EmojiFont {
 public:
     /// Opens the installed font. Without one nothing has a picture.

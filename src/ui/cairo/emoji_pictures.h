@@ -22,7 +22,7 @@ public:
     [[nodiscard]] cairo_surface_t* picture(const std::string& emoji, double size);
 
 private:
-    // Some screens of emoji; each takes 50 kB at most on a dense screen.
+    // Some screens of emoji; each takes about 50 kB at three pixels a point.
     static constexpr std::size_t PICTURES_A_GENERATION = 192;
 
     struct Key {
